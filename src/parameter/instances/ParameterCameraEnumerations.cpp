@@ -1,0 +1,6 @@
+#include "parameter/ParameterBody.h"
+#include "parameter/ParameterEditsBody.h"
+
+VX_INSTANTIATE_PARAMETER(_DISTORTION_ALGORITHM)
+VX_INSTANTIATE_PARAMETER(VX_BlendMode)
+VX_INSTANTIATE_PARAMETER(VX_MATTE_SUBTYPE)
