@@ -93,6 +93,11 @@ void HomographyParams::setFromHomography(Gan_Matrix33 const & homography, Kyn::C
         vSetValueIfChanged(this->*members()[i], record.*FIELDS[i], context);
 }
 
+void HomographyParams::setFromDecomposition(HomographyDecomposition const & values, Kyn::Context const & context) {
+    for (std::size_t i = 0; i < members().size(); ++i)
+        (this->*members()[i]).setValue(values.*FIELDS[i], context);
+}
+
 namespace {
 
 /// The values that each model drives, of an object or of a constant one.

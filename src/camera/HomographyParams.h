@@ -10,6 +10,8 @@
 
 #include <array>
 
+struct HomographyDecomposition;
+
 namespace VX {
 
 /// A keyed planar motion: a homography stored as eight animated values that mean something to a person.
@@ -37,6 +39,10 @@ public:
     /// is left alone, and no key is made. A view without data starts from a copy of the first view. A homography that
     /// cannot be decomposed writes the neutral values: test it first.
     void setFromHomography(Gan_Matrix33 const & homography, Kyn::Context const & context);
+
+    /// Writes all eight values as they stand, whether or not they differ: each gets a key of its own. For tracks whose
+    /// every frame was measured, which interpolation must not pull away.
+    void setFromDecomposition(HomographyDecomposition const & values, Kyn::Context const & context);
 
     /// The values that a model drives, in the order in which a solver takes them; none for an unknown model.
     QList<Value *> trackingParameters(_TrackModel model);

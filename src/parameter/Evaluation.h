@@ -84,7 +84,9 @@ int firstKeyAtOrAfter(Keyframe<T> const * keys, int count, double time) {
     }
     int const off = static_cast<int>((time - keys[i].time.toDouble()) * keysPerFrame);
     int const from = std::clamp(i + off - FEW / 2 + 1, 1, count - FEW);
-    if ((keys[from - 1].time.toDouble() < time) & (time <= keys[from + FEW - 1].time.toDouble()))
+    int const isAbove = keys[from - 1].time.toDouble() < time;
+    int const isBelow = time <= keys[from + FEW - 1].time.toDouble();
+    if ((isAbove & isBelow) != 0) // one branch instead of two
         return from + countBefore(keys, from, FEW, time);
     return searchKeyAtOrAfter(keys, count, time);
 }

@@ -133,18 +133,19 @@ T NumericParameter<T>::interpolate(BoundingKeyframes const & keys, Context const
 
 template <class T>
 T NumericParameter<T>::extrapolate(BoundingKeyframes const & keys, Context const & context) const {
-    // Without any key it is the mode before the first that counts, although the one after the last led here.
+    // Without keys, too, it is the mode before the first key that answers, although the one after the last was asked
+    // whether it would.
     bool const before = keys.before.isNull();
     Extrapolation const mode = before ? this->ownExtrapolationBefore() : this->ownExtrapolationAfter();
-    if (mode < EXTRAPOLATION_CUSTOM) {
-        if (keys.isNull())
-            return T(0);
-        View const view = before ? keys.after.view : keys.before.view;
-        return detail::extrapolated(this->viewData(view), mode, context.time(),
-                                    before ? detail::Side::Before : detail::Side::After);
+    if (mode >= EXTRAPOLATION_CUSTOM) {
+        CustomExtrapolator<T> const * const custom = customExtrapolator(mode);
+        return custom ? custom->evaluate(*this, context.time(), keys, context.view()) : T(0);
     }
-    CustomExtrapolator<T> const * const custom = customExtrapolator(mode);
-    return custom ? custom->evaluate(*this, context.time(), keys, context.view()) : T(0);
+    if (keys.isNull())
+        return T(0);
+    KeyframeIndex const & end = before ? keys.after : keys.before;
+    return detail::extrapolated(this->viewData(end.view), mode, context.time(),
+                                before ? detail::Side::Before : detail::Side::After);
 }
 
 template <class T>

@@ -44,6 +44,7 @@ ParameterSet::ParameterSet(QString const & name, ParameterTree * tree)
 ParameterSet::ParameterSet(ParameterSet const & other)
     : scriptName_(other.scriptName_), displayName_(other.displayName_), shortDisplayName_(other.shortDisplayName_) {}
 
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): there is nothing that it assigns.
 ParameterSet & ParameterSet::operator=(ParameterSet const &) {
     return *this;
 }

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "parameter/kyn/ParameterSet.h"
+#include "project/KeptLines.h"
+
+#include <memory>
+
+namespace vxproject {
+
+/// What a project file calls by one key, such as "Layer[3]": a nameless root set, into which a kind of item nests the
+/// sets that it is made of. The key is no name of the set; it is the prefix under which the project adds it to its
+/// tree.
+class Item : public Kyn::ParameterSet {
+public:
+    Item() : Kyn::ParameterSet(QString(), nullptr) {}
+    Item(Item const &) = delete;
+    Item & operator=(Item const &) = delete;
+
+    /// What stood among the item's lines and is no member's.
+    KeptLines kept;
+};
+
+/// A kind of item, and how one is made.
+struct ItemKind {
+    char const * key;
+    std::unique_ptr<Item> (*make)();
+};
+
+/// Names one item. Items are written by kind, in the order of the table of kinds, and then by id.
+struct ItemKey {
+    ItemKind const * kind;
+    quint32 id;
+
+    /// "Layer[3]"
+    QString toString() const;
+
+    friend bool operator<(ItemKey const & a, ItemKey const & b) {
+        return a.kind != b.kind ? a.kind < b.kind : a.id < b.id;
+    }
+};
+
+/// The kind of items that hold a layer.
+ItemKind const & layerKind();
+
+/// The kind of a key without its brackets; null for a word that is none.
+ItemKind const * findItemKind(QStringView key);
+
+} // namespace vxproject

@@ -1,0 +1,78 @@
+#include "vxproject/Arguments.h"
+
+#include "vxproject/Command.h"
+#include "vxproject/Output.h"
+
+#include <cmath>
+#include <limits>
+
+namespace Tool {
+
+namespace {
+
+[[noreturn]] void refuse(char const * option, std::string const & text, char const * expected) {
+    throw UsageError(std::string(option) + " '" + text + "': " + expected);
+}
+
+} // namespace
+
+vxproject::FrameList framesOf(std::string const & text) {
+    std::optional<vxproject::FrameList> const frames = vxproject::FrameList::parse(textOf(text));
+    if (!frames)
+        refuse("--frames", text, "frames are written 7, 1-100, 1-100x2, 1-10x0.25, or a list of these between commas");
+    return *frames;
+}
+
+Kyn::View viewOf(int id) {
+    if (id < 0)
+        refuse("--view", std::to_string(id), "views count from 0");
+    return Kyn::View(id);
+}
+
+std::optional<vxproject::FrameSize> sizeOf(std::string const & text) {
+    if (text.empty())
+        return std::nullopt;
+    QList<QString> const numbers = textOf(text).split(QLatin1Char('x'));
+    bool isWidth = false;
+    bool isHeight = false;
+    vxproject::FrameSize const size{numbers.value(0).toInt(&isWidth), numbers.value(1).toInt(&isHeight)};
+    if (numbers.size() != 2 || !isWidth || !isHeight || size.width <= 0 || size.height <= 0)
+        refuse("--size", text, "a frame size in pixels is written 1920x1080");
+    return size;
+}
+
+std::vector<Gan_Vector2> pointsOf(std::string const & text) {
+    std::vector<Gan_Vector2> points;
+    for (QString const & piece : textOf(text).split(QLatin1Char(';'))) {
+        QStringList const numbers = piece.simplified().split(QLatin1Char(' '));
+        bool isX = false;
+        bool isY = false;
+        Gan_Vector2 const point{numbers.value(0).toDouble(&isX), numbers.value(1).toDouble(&isY)};
+        if (numbers.size() != 2 || !isX || !isY || !std::isfinite(point.x) || !std::isfinite(point.y))
+            refuse("--corners", text, "points are written \"x y; x y; x y; x y\"");
+        points.push_back(point);
+    }
+    return points;
+}
+
+quint32 layerIdOf(long long id) {
+    if (id < 0 || id > std::numeric_limits<quint32>::max())
+        refuse("--layer", std::to_string(id), "ids go from 0 to 4294967295");
+    return static_cast<quint32>(id);
+}
+
+vxproject::Layer * findLayer(vxproject::Project const & project, quint32 id, QString const & path) {
+    vxproject::Layer * const layer = project.findLayer(id);
+    if (layer)
+        return layer;
+    QStringList present;
+    for (auto const & entry : project.items())
+        if (entry.first.kind == &vxproject::layerKind())
+            present.append(QString::number(entry.first.id));
+    complain(path + QStringLiteral(": there is no layer %1; ").arg(id) +
+             (present.isEmpty() ? QStringLiteral("the project has none")
+                                : QStringLiteral("those that there are: ") + present.join(QLatin1String(", "))));
+    return nullptr;
+}
+
+} // namespace Tool

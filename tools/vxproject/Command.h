@@ -1,0 +1,36 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <stdexcept>
+
+/// The commands of vxproject. Each has a source file of its own, and there one function that puts it on the command
+/// line.
+namespace Tool {
+
+/// The exit codes that scripts may rely on.
+enum ExitCode : int {
+    EXIT_DONE = 0,
+    EXIT_FINDINGS = 1, ///< Something in a file is not as it should be, or a query had no answer.
+    EXIT_FAILED = 2,   ///< Bad usage, or a file that cannot be read or written.
+};
+
+/// A request that makes no sense: the command line is at fault.
+class UsageError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Runs the command that was chosen. FileError, UsageError and OutputError may come out.
+typedef std::function<ExitCode()> Run;
+
+void addInfo(CLI::App & app, Run & chosen);
+void addCheck(CLI::App & app, Run & chosen);
+void addGet(CLI::App & app, Run & chosen);
+void addTrack(CLI::App & app, Run & chosen);
+void addImportTrack(CLI::App & app, Run & chosen);
+void addCompareTrack(CLI::App & app, Run & chosen);
+void addFormat(CLI::App & app, Run & chosen);
+
+} // namespace Tool

@@ -1,0 +1,44 @@
+#include "vxproject/Command.h"
+#include "vxproject/Output.h"
+
+#include <cstdio>
+#include <exception>
+
+namespace {
+
+constexpr char DESCRIPTION[] = "Looks into project files, and puts measured tracks into them.";
+constexpr char FOOTER[] = "\nA parameter's path is its path in the file, such as \"Layer[1].跟踪.Translation X\".\n"
+                          "Exit code: 0 done; 1 findings, or a query without an answer; 2 bad usage, or a file that\n"
+                          "cannot be read or written.";
+
+int run(Tool::Run const & chosen) {
+    try {
+        Tool::ExitCode const code = chosen();
+        Tool::flushOutput();
+        return code;
+    } catch (Tool::OutputError const & error) {
+        if (!error.readerHasLeft())
+            std::fprintf(stderr, "vxproject: %s\n", error.what());
+    } catch (std::exception const & error) {
+        std::fprintf(stderr, "vxproject: %s\n", error.what());
+    }
+    return Tool::EXIT_FAILED;
+}
+
+} // namespace
+
+int main(int argc, char ** argv) {
+    CLI::App app(DESCRIPTION, "vxproject");
+    app.footer(FOOTER);
+    app.require_subcommand(1);
+    Tool::Run chosen;
+    for (auto * add : {&Tool::addInfo, &Tool::addCheck, &Tool::addGet, &Tool::addTrack, &Tool::addImportTrack,
+                       &Tool::addCompareTrack, &Tool::addFormat})
+        add(app, chosen);
+    try {
+        app.parse(argc, argv);
+    } catch (CLI::ParseError const & error) {
+        return app.exit(error) == 0 ? Tool::EXIT_DONE : Tool::EXIT_FAILED;
+    }
+    return run(chosen);
+}
