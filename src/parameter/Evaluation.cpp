@@ -56,11 +56,13 @@ double quickRoot(Cubic const & x, double elapsed, double duration) {
     s -= halleyChange(x, elapsed, s);
     double change = halleyChange(x, elapsed, s);
     s -= change;
-    for (int step = 0; step < MOST_FURTHER_STEPS && !(std::fabs(change) <= SMALL * s); ++step) {
+    // Measured against the distance to the nearer end: where the curve starts or stops flat, that is what must be right.
+    auto const settled = [&] { return std::fabs(change) <= SMALL * std::min(s, 1.0 - s); };
+    for (int step = 0; step < MOST_FURTHER_STEPS && !settled(); ++step) {
         change = halleyChange(x, elapsed, s);
         s -= change;
     }
-    return std::fabs(change) <= SMALL * s && s > EDGE && s < 1.0 - EDGE ? s : NO_ROOT;
+    return settled() && s > EDGE && s < 1.0 - EDGE ? s : NO_ROOT;
 }
 
 /// Whether the control points ascend in time, which keeps the time cubic from turning back, and the time lies within.

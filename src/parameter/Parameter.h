@@ -227,7 +227,6 @@ private:
     void writeView(QTextStream & stream, QString const & prefix, View view, bool bMulti) const;
     bool readPlainKeyLine(QStringView line);
     bool readKeyLine(QStringView line, View view, SourceFilter const & filter);
-    void readValueLine(QString const & line, View view, StreamVersion const & version, SourceFilter const & filter);
 
     mutable ViewStore<T> store_;
     Parameter<T> * master_ = nullptr; ///< The base's link in this type, so that reading casts nothing.

@@ -165,7 +165,7 @@ void TextBuffer::append(double number) {
         append("0");
         return;
     }
-    if (std::isfinite(number)) {
+    if (std::isnormal(number)) { // The shortest digits of the smallest numbers are fewer than their six.
         Digits digits = shortestDigits(std::fabs(number));
         if (roundToSix(digits)) {
             if (number < 0.0)
@@ -202,9 +202,10 @@ double wholeToDouble(QStringView text) {
 
 float wholeToFloat(QStringView text) {
     double number = 0.0;
-    bool const fits =
-        isPlainReal(text, number) && std::fabs(number) <= static_cast<double>(std::numeric_limits<float>::max());
-    return fits ? static_cast<float>(number) : text.toFloat();
+    bool const fits = isPlainReal(text, number) &&
+                      std::fabs(number) <= static_cast<double>(std::numeric_limits<float>::max());
+    float const narrow = fits ? static_cast<float>(number) : 0.0f;
+    return narrow != 0.0f ? narrow : text.toFloat(); // Zeros, too: Qt drops the sign of what is too small.
 }
 
 bool isPlainInteger(QStringView text, int & number) {

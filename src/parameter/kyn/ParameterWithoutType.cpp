@@ -172,8 +172,4 @@ void ParameterWithoutType::connectNotify(QMetaMethod const & signal) {
         heard_ = true;
 }
 
-void ParameterWithoutType::disconnectNotify(QMetaMethod const &) {
-    heard_ = isSignalConnected(QMetaMethod::fromSignal(&ParameterWithoutType::changed));
-}
-
 } // namespace Kyn

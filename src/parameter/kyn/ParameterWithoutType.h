@@ -211,8 +211,9 @@ protected:
     /// Names and hidden flag; the links of this parameter stay.
     void assignNames(ParameterWithoutType const & other);
 
+    // There is no counterpart for disconnecting: Qt may hold the very lock that asking about connections takes, as when
+    // a listener is destroyed. A parameter that was once listened to goes on building its changes.
     void connectNotify(QMetaMethod const & signal) override;
-    void disconnectNotify(QMetaMethod const & signal) override;
 
 private:
     friend class ParameterSet;
@@ -241,7 +242,7 @@ private:
     ScopedSignalPermit const * permits_ = nullptr;
     std::unique_ptr<Links> links_;
     bool hidden_;
-    bool heard_ = false;
+    bool heard_ = false; ///< Somebody has listened at some time.
 };
 
 } // namespace Kyn
