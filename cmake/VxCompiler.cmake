@@ -24,3 +24,8 @@ if(VX_SANITIZE)
     string(APPEND CMAKE_CXX_FLAGS
         " -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all -fno-omit-frame-pointer")
 endif()
+
+# The fuzzers follow every branch of the libraries that they run.
+if(VX_BUILD_FUZZ)
+    string(APPEND CMAKE_CXX_FLAGS " -fsanitize=fuzzer-no-link")
+endif()
