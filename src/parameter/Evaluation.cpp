@@ -56,7 +56,8 @@ double quickRoot(Cubic const & x, double elapsed, double duration) {
     s -= halleyChange(x, elapsed, s);
     double change = halleyChange(x, elapsed, s);
     s -= change;
-    // Measured against the distance to the nearer end: where the curve starts or stops flat, that is what must be right.
+    // Measured against the distance to the nearer end: where the curve starts or stops flat, that is what must be
+    // right.
     auto const settled = [&] { return std::fabs(change) <= SMALL * std::min(s, 1.0 - s); };
     for (int step = 0; step < MOST_FURTHER_STEPS && !settled(); ++step) {
         change = halleyChange(x, elapsed, s);

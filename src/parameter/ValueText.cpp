@@ -202,8 +202,8 @@ double wholeToDouble(QStringView text) {
 
 float wholeToFloat(QStringView text) {
     double number = 0.0;
-    bool const fits = isPlainReal(text, number) &&
-                      std::fabs(number) <= static_cast<double>(std::numeric_limits<float>::max());
+    bool const fits =
+        isPlainReal(text, number) && std::fabs(number) <= static_cast<double>(std::numeric_limits<float>::max());
     float const narrow = fits ? static_cast<float>(number) : 0.0f;
     return narrow != 0.0f ? narrow : text.toFloat(); // Zeros, too: Qt drops the sign of what is too small.
 }

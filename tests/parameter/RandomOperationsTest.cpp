@@ -338,7 +338,7 @@ TYPED_TEST(RandomOperations, leave_what_they_leave_of_the_plainest_model) {
     constexpr Setting SETTINGS[] = {{false, false, false}, {false, true, true}, {true, false, false},
                                     {true, true, false},   {true, true, true},  {true, true, true}};
     unsigned int seed = 0;
-    for (int round = 0; round < 12; ++round) {
+    for (int round = 0; round < 6; ++round) {
         for (Setting const & setting : SETTINGS) {
             SCOPED_TRACE("seed " + std::to_string(seed));
             ASSERT_NO_FATAL_FAILURE(Pair<TypeParam>(setting, seed).run(80));
