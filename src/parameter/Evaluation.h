@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/Saturation.h"
 #include "parameter/Keyframe.h"
 #include "parameter/ViewStore.h"
 
@@ -20,14 +21,7 @@ T toMember(double number) {
     if constexpr (std::is_same_v<T, bool>) {
         return number != 0.0;
     } else if constexpr (std::is_integral_v<T>) {
-        typedef std::numeric_limits<T> Limits;
-        if (std::isnan(number))
-            return 0;
-        if (number <= static_cast<double>(Limits::min()))
-            return Limits::min();
-        if (number >= static_cast<double>(Limits::max()))
-            return Limits::max();
-        return static_cast<T>(number);
+        return VX::detail::saturated<T>(number);
     } else {
         return static_cast<T>(number);
     }

@@ -65,8 +65,10 @@ bool Parameter<T>::bSplitView(View const & view, View const & reference) {
         return false;
     if (flag->staticValue(view) || store_.find(view))
         return false;
-    View const source = store_.find(reference) ? reference : store_.views().front();
+    View const named = reference; // It may stand in the list of views, which now grows.
     write(view);
+    // Looked up when the view is there: one that has become the first, or names itself, keeps the default value.
+    View const source = store_.find(named) ? named : store_.views().front();
     T const value = store_.read(source).value;
     ViewData<T> & data = write(view);
     if (data.value != value) {

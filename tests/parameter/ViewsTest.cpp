@@ -196,6 +196,15 @@ TEST_F(SplitView, reference_may_be_a_place_in_the_list_of_views) {
     EXPECT_EQ(parameter.staticValue(View(1)), 40.0);
 }
 
+TEST_F(SplitView, that_names_itself_or_becomes_the_first_keeps_the_default_value) {
+    parameter.setDefaultValue(5.0);
+    EXPECT_TRUE(parameter.bSplitView(View(3), View(3)));
+    EXPECT_EQ(parameter.staticValue(View(3)), 5.0);
+    parameter.bRemoveView(View(0));
+    EXPECT_TRUE(parameter.bSplitView(View(1), View(9)));
+    EXPECT_EQ(parameter.staticValue(View(1)), 5.0);
+}
+
 TEST_F(SplitView, is_refused_while_linked_without_flag_without_data_and_where_data_is) {
     EXPECT_FALSE(parameter.bSplitView(View(2), View(0)));
     flag.setValue(true, at(0));

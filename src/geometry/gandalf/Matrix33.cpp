@@ -1,6 +1,7 @@
 #include "geometry/gandalf/Matrix33.h"
 
 #include "foundation/ExactArithmetic.h"
+#include "geometry/gandalf/ErrorTrace.h"
 #include "geometry/gandalf/MatrixElements.h"
 
 #include <cfloat>
@@ -90,6 +91,8 @@ double gan_mat33_determinant_s(Gan_Matrix33 const * matrix) {
 
 int gan_mat33_invert(Gan_Matrix33 const * matrix, Gan_Matrix33 * inverse, int * error) {
     bool const bInverted = invert(*matrix, *inverse);
+    if (!bInverted)
+        gan_err_register("gan_mat33_invert", "the matrix has no finite inverse");
     if (error)
         *error = bInverted ? 0 : 1;
     return bInverted ? 1 : 0;

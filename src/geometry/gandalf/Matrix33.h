@@ -29,6 +29,7 @@ double gan_mat33_determinant_s(Gan_Matrix33 const * matrix);
 /// rounding error (2^-53) of the sum of their absolute values. That judgement does not depend on how rows and columns
 /// are scaled, so pixels and fractions of the frame get the same answer.
 ///
-/// `inverse` may be `matrix`. `error`, where it is not null, takes 0 for success and 1 for failure.
+/// `inverse` may be `matrix`. `error`, where it is not null, takes 0 for success and 1 for failure. A failure goes on
+/// the error trace.
 int gan_mat33_invert(Gan_Matrix33 const * matrix, Gan_Matrix33 * inverse, int * error);
 }

@@ -1,5 +1,7 @@
 #include "parameter/kyn/Context.h"
 
+#include "foundation/Saturation.h"
+
 #include <QTextStream>
 
 #include <limits>
@@ -16,12 +18,7 @@ QTextStream & operator<<(QTextStream & stream, Frame const & frame) {
 }
 
 Frame Context::toFrame() const {
-    double const time = time_.toDouble();
-    if (!(time > 0.0))
-        return Frame(0);
-    if (time >= static_cast<double>(std::numeric_limits<unsigned int>::max()))
-        return Frame(std::numeric_limits<unsigned int>::max());
-    return Frame(static_cast<unsigned int>(time));
+    return Frame(VX::detail::saturated<unsigned int>(time_.toDouble()));
 }
 
 } // namespace Kyn

@@ -9,6 +9,10 @@ class Frame {
 public:
     constexpr explicit Frame(unsigned int frame) : frame_(frame) {}
 
+    /// The frame that is none; no query gives it but those that say so.
+    static Frame INVALID() { return Frame(INVALID_FRAME_VALUE); }
+    bool isValid() const { return frame_ != INVALID_FRAME_VALUE; }
+
     constexpr unsigned int toUInt() const { return frame_; }
 
     friend constexpr bool operator==(Frame a, Frame b) { return a.frame_ == b.frame_; }
