@@ -167,7 +167,9 @@ void Reader::findTarget(QStringView line, Item & item, qsizetype keyLength) {
 
 void Reader::noteMaster(Target const & target, QStringView line) {
     auto * const parameter = dynamic_cast<Kyn::ParameterWithoutType *>(target.member);
-    if (!parameter || Kyn::detail::kindOfLine(line.mid(target.opening.size())) != Kyn::detail::LineKind::Master)
+    QStringView text = line.mid(target.opening.size());
+    Kyn::View::extractStringPrefix(text); // Parameters take a view before any key, even where it means nothing.
+    if (!parameter || Kyn::detail::kindOfLine(text) != Kyn::detail::LineKind::Master)
         return;
     if (masters_.contains(parameter))
         report(number_, QStringLiteral("line %1 names a master already, in whose place this one comes")
