@@ -183,7 +183,6 @@ public:
     void setStaticValue(T const & value, View const & view);
 
 protected:
-    Interpolation defaultInterpolation() const { return eDefaultInterpolation_; }
     Extrapolation ownExtrapolationBefore() const { return eExtrapolationBefore_; }
     Extrapolation ownExtrapolationAfter() const { return eExtrapolationAfter_; }
     /// What a view reads: its own data or the first view's. May make view 0.

@@ -1,5 +1,7 @@
 #include "parameter/PlainNumber.h"
 
+#include "foundation/DecimalDigit.h"
+
 #include <array>
 #include <charconv>
 #include <cstdint>
@@ -8,9 +10,7 @@ namespace Kyn::detail {
 
 namespace {
 
-bool isDigit(char16_t c) {
-    return c >= u'0' && c <= u'9';
-}
+using VX::detail::isDecimalDigit;
 
 /// The powers of ten that a double holds exactly.
 constexpr std::array<double, 23> POWERS = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
@@ -44,10 +44,10 @@ bool scanExponent(char16_t const *& at, char16_t const * end, int & exponent) {
     bool const negative = at != end && *at == u'-';
     if (at != end && (*at == u'-' || *at == u'+'))
         ++at;
-    if (at == end || !isDigit(*at))
+    if (at == end || !isDecimalDigit(*at))
         return false;
     int value = 0;
-    for (; at != end && isDigit(*at); ++at)
+    for (; at != end && isDecimalDigit(*at); ++at)
         value = value < 10000 ? value * 10 + (*at - u'0') : value;
     exponent += negative ? -value : value;
     return true;
@@ -61,14 +61,14 @@ bool scanPlainReal(char16_t const *& at, char16_t const * end, double & number) 
     bool const negative = at != end && *at == u'-';
     if (negative)
         ++at;
-    if (at == end || !isDigit(*at))
+    if (at == end || !isDecimalDigit(*at))
         return false;
     Decimal decimal;
-    for (; at != end && isDigit(*at); ++at)
+    for (; at != end && isDecimalDigit(*at); ++at)
         decimal.take(*at);
     if (at != end && *at == u'.') {
         char16_t const * const point = ++at;
-        for (; at != end && isDigit(*at); ++at)
+        for (; at != end && isDecimalDigit(*at); ++at)
             decimal.take(*at);
         if (at == point)
             return false;

@@ -1,5 +1,6 @@
 #include "parameter/ValueText.h"
 
+#include "foundation/DecimalDigit.h"
 #include "parameter/PlainNumber.h"
 
 #include <array>
@@ -49,10 +50,6 @@ namespace Kyn::detail {
 namespace {
 
 constexpr int SIGNIFICANT = 6;
-
-bool isDigit(QChar c) {
-    return c >= u'0' && c <= u'9';
-}
 
 bool isPlainReal(QStringView text, double & number) {
     char16_t const * at = text.utf16();
@@ -216,7 +213,7 @@ bool isPlainInteger(QStringView text, int & number) {
         return false;
     int value = 0;
     for (QChar const c : digits) {
-        if (!isDigit(c))
+        if (!VX::detail::isDecimalDigit(c.unicode()))
             return false;
         value = value * 10 + (c.unicode() - u'0');
     }

@@ -1,5 +1,7 @@
 #include "parameter/kyn/Interpolation.h"
 
+#include "foundation/DecimalDigit.h"
+
 #include <array>
 
 namespace Kyn {
@@ -23,7 +25,7 @@ bool customNumber(QStringView digits, quint64 builtIn, unsigned int & number) {
         return false;
     quint64 value = 0;
     for (QChar const digit : digits) {
-        if (digit < u'0' || digit > u'9')
+        if (!VX::detail::isDecimalDigit(digit.unicode()))
             return false;
         value = value * 10 + (digit.unicode() - u'0');
     }

@@ -82,7 +82,7 @@ QString ParameterSet::translated(char const * text) const {
 // Writing
 
 bool ParameterSet::bStreamOut(QTextStream & stream, QString const & prefix, bool) {
-    QString const name = parent_ ? nameInParent() : scriptName_;
+    QString const name = keyInScript();
     QString const opening = name.isEmpty() ? prefix : prefix + name + QLatin1Char('.');
     for (Member const & member : members_)
         member.parameter->bStreamOut(stream, opening, true);
@@ -298,7 +298,7 @@ QString ParameterSet::nameInParent() const {
 
 QString ParameterSet::extendedName() const {
     QString const path = parent_ ? parent_->extendedName() : treePrefix_;
-    QString const name = parent_ ? nameInParent() : scriptName_;
+    QString const name = keyInScript();
     if (path.isEmpty() || name.isEmpty())
         return path + name;
     return path + QLatin1Char('.') + name;

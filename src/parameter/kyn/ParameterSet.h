@@ -2,6 +2,7 @@
 
 #include "foundation/Translation.h"
 #include "parameter/kyn/MovedParameter.h"
+#include "parameter/VirtualParameter.h"
 #include "parameter/kyn/ParameterWithoutType.h"
 
 #include <boost/function.hpp>
@@ -10,6 +11,8 @@
 #include <QHash>
 #include <QString>
 
+#include <map>
+#include <memory>
 #include <vector>
 
 namespace Kyn {
@@ -122,8 +125,16 @@ public:
 protected:
     virtual void assignName(QString const & name);
 
+    /// The name that opens this set's lines: the one its owner gave it, or its own.
+    QString keyInScript() const { return parent_ ? nameInParent() : scriptName_; }
+
     /// Forgets all registered members. They are untouched and may be registered again.
     void clearAllLists();
+
+    /// Lists a plain field of the derived class under a script name, as a virtual parameter that the set owns. Listing
+    /// the field again after clearAllLists() lists the same object again: pointers to it live as long as the set.
+    template <class T>
+    void addField(char const * scriptName, T & field);
 
     /// A row of this set's table, for a member's first argument.
     Row row(char const * scriptName) { return Row(*this, scriptName); }
@@ -176,6 +187,15 @@ private:
     std::vector<Nested> sets_;
     std::vector<boost::shared_ptr<MovedParameter>> moved_;
     QHash<QString, Route> routes_; ///< Built at the first line that is read.
+    std::map<void const *, std::unique_ptr<BasicParameter>> fields_; ///< By the field's address.
 };
+
+template <class T>
+void ParameterSet::addField(char const * scriptName, T & field) {
+    std::unique_ptr<BasicParameter> & parameter = fields_[&field];
+    if (!parameter)
+        parameter = std::make_unique<VirtualParameter<T>>(QString::fromUtf8(scriptName), &field);
+    addVirtualParameter(*parameter);
+}
 
 } // namespace Kyn

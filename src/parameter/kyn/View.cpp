@@ -1,5 +1,7 @@
 #include "parameter/kyn/View.h"
 
+#include "foundation/DecimalDigit.h"
+
 #include <QTextStream>
 
 #include <limits>
@@ -23,7 +25,7 @@ View View::extractStringPrefix(QStringView & text) {
     qint64 id = 0;
     qsizetype at = OPENING.size();
     qsizetype const firstDigit = at;
-    for (; at < text.size() && text[at] >= u'0' && text[at] <= u'9'; ++at) {
+    for (; at < text.size() && VX::detail::isDecimalDigit(text[at].unicode()); ++at) {
         id = id * 10 + (text[at].unicode() - u'0');
         if (id > std::numeric_limits<int>::max())
             return INVALID();
