@@ -1,0 +1,7 @@
+#include "clip/IClip.h"
+
+namespace VX {
+
+IClip::~IClip() = default;
+
+} // namespace VX
