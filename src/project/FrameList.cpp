@@ -2,6 +2,7 @@
 
 #include <QList>
 
+#include <algorithm>
 #include <cmath>
 
 namespace vxproject {
@@ -58,6 +59,15 @@ std::optional<FrameList> FrameList::parse(QStringView text) {
         list.ranges_.push_back(*range);
     }
     return list;
+}
+
+bool FrameList::isWholeWithin(double lowest, double highest) const {
+    auto const isWhole = [](double number) { return number == std::floor(number); };
+    return std::all_of(ranges_.begin(), ranges_.end(), [&](Range const & range) {
+        double const last = range.first + static_cast<double>(range.count - 1) * range.step;
+        return isWhole(range.first) && (range.count == 1 || isWhole(range.step)) && range.first >= lowest &&
+               last <= highest;
+    });
 }
 
 } // namespace vxproject

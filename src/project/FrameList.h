@@ -16,6 +16,14 @@ public:
     static std::optional<FrameList> parse(QStringView text);
 
     void append(double frame) { ranges_.push_back({frame, 1.0, 1}); }
+    /// The frames from 0 up to, and not including, a count.
+    void appendFirst(unsigned int count) {
+        if (count > 0)
+            ranges_.push_back({0.0, 1.0, count});
+    }
+
+    /// Whether every time is a whole frame from `lowest` to `highest`, which lie within 2^53.
+    bool isWholeWithin(double lowest, double highest) const;
 
     /// Calls with each time, in the order in which they are written. A list costs no memory for the times in it.
     template <class Visit>

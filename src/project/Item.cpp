@@ -1,5 +1,6 @@
 #include "project/Item.h"
 
+#include "project/Clip.h"
 #include "project/Layer.h"
 
 #include <algorithm>
@@ -15,6 +16,7 @@ std::unique_ptr<Item> make() {
 
 /// The order is that of the file.
 constexpr ItemKind KINDS[] = {
+    {"Clip", &make<Clip>},
     {"Layer", &make<Layer>},
 };
 
@@ -22,6 +24,10 @@ constexpr ItemKind KINDS[] = {
 
 QString ItemKey::toString() const {
     return QStringLiteral("%1[%2]").arg(QLatin1String(kind->key)).arg(id);
+}
+
+ItemKind const & clipKind() {
+    return *findItemKind(u"Clip");
 }
 
 ItemKind const & layerKind() {

@@ -16,6 +16,11 @@ public:
     Item(Item const &) = delete;
     Item & operator=(Item const &) = delete;
 
+    /// Brings the list of members in line with their values, where that depends on them, and gives the lines that stand
+    /// behind the members, without the item's key. Writing begins with it. std::runtime_error, with what it speaks of,
+    /// for a value that no line can hold.
+    virtual QStringList settle() { return QStringList(); }
+
     /// What stood among the item's lines and is no member's.
     KeptLines kept;
 };
@@ -39,7 +44,8 @@ struct ItemKey {
     }
 };
 
-/// The kind of items that hold a layer.
+/// The kinds of items that hold a clip and a layer.
+ItemKind const & clipKind();
 ItemKind const & layerKind();
 
 /// The kind of a key without its brackets; null for a word that is none.

@@ -2,7 +2,6 @@
 
 #include "parameter/Parameter.h"
 #include "parameter/ScriptLine.h"
-#include "parameter/ValueText.h"
 #include "project/Finding.h"
 #include "project/NumberText.h"
 
@@ -23,114 +22,6 @@ void add(QStringList & findings, QString const & text) {
     findings.append(text);
 }
 
-QString readsAs(QStringView text, QString const & read) {
-    return quoted(text) + QStringLiteral(" reads as ") + read;
-}
-
-// Values. A rule compares what a text looks like with what the parameter's own reader makes of it. Its result is the
-// number that is read, for the limits.
-
-/// Whether a text is, as a whole, the finite number that was read from it. A number that came out as 0 although it is
-/// none is one that was too small.
-template <class Real>
-bool looksLike(QStringView text, Real read) {
-    if (!std::isfinite(read))
-        return false;
-    double const whole = Kyn::detail::wholeToDouble(text);
-    if (whole != 0.0)
-        return static_cast<Real>(whole) == read;
-    bool isNumber = false;
-    double const zero = text.trimmed().toDouble(&isNumber);
-    return isNumber && static_cast<Real>(zero) == read;
-}
-
-template <class Real>
-std::optional<double> checkReal(QStringView text, QStringList & findings) {
-    Real const read = Kyn::detail::readValue<Real>(text);
-    if (!std::isfinite(read))
-        add(findings, quoted(text) + QStringLiteral(" is not a finite number"));
-    else if (!looksLike(text, read) && !looksLike(text.trimmed(), read))
-        add(findings, readsAs(text, shortestText(read)));
-    return static_cast<double>(read);
-}
-
-/// The text as a whole as a decimal number.
-bool isWholeNumber(QStringView text, qint64 expected) {
-    bool isNumber = false;
-    qint64 const number = text.trimmed().toLongLong(&isNumber, 10);
-    return isNumber && number == expected;
-}
-
-template <class Integer>
-std::optional<double> checkInteger(QStringView text, QStringList & findings) {
-    Integer const read = Kyn::detail::readValue<Integer>(text);
-    if (!isWholeNumber(text, static_cast<qint64>(read)))
-        add(findings, readsAs(text, QString::number(read)));
-    return static_cast<double>(read);
-}
-
-std::optional<double> checkFlag(QStringView text, QStringList & findings) {
-    static constexpr QLatin1String WORDS[] = {QLatin1String("0"), QLatin1String("1"), QLatin1String("true"),
-                                              QLatin1String("false")};
-    bool const known = std::any_of(std::begin(WORDS), std::end(WORDS), [&](QLatin1String word) {
-        return text.trimmed().compare(word, Qt::CaseInsensitive) == 0;
-    });
-    if (!known)
-        add(findings, readsAs(text, Kyn::detail::readValue<bool>(text) ? QStringLiteral("1") : QStringLiteral("0")));
-    return std::nullopt;
-}
-
-std::optional<double> checkText(QStringView text, QStringList & findings) {
-    constexpr QLatin1Char QUOTE('"');
-    bool const opened = text.startsWith(QUOTE);
-    bool const closed = text.size() > 1 && text.endsWith(QUOTE);
-    if (opened != closed)
-        add(findings, quoted(text) + QStringLiteral(" has a double quote at one end only, which reads as part of it"));
-    return std::nullopt;
-}
-
-template <class Enumeration>
-std::optional<double> checkEnumeration(QStringView text, QStringList & findings) {
-    auto const read = static_cast<std::underlying_type_t<Enumeration>>(Kyn::detail::readValue<Enumeration>(text));
-    auto const top = static_cast<std::underlying_type_t<Enumeration>>(std::numeric_limits<Enumeration>::max());
-    if (!isWholeNumber(text, static_cast<qint64>(read)))
-        add(findings, readsAs(text, QString::number(read)));
-    if (std::is_signed_v<decltype(read)> ? read < 0 || read > top : read > top)
-        add(findings, QStringLiteral("%1 is none of its values, which go from 0 to %2").arg(read).arg(top));
-    return std::nullopt;
-}
-
-template <class T>
-std::optional<double> checkValueOf(QStringView text, QStringList & findings) {
-    if constexpr (std::is_same_v<T, bool>)
-        return checkFlag(text, findings);
-    else if constexpr (std::is_floating_point_v<T>)
-        return checkReal<T>(text, findings);
-    else if constexpr (std::is_integral_v<T>)
-        return checkInteger<T>(text, findings);
-    else if constexpr (std::is_enum_v<T>)
-        return checkEnumeration<T>(text, findings);
-    else if constexpr (std::is_same_v<T, Kyn::View>)
-        return checkInteger<int>(text, findings);
-    else
-        return checkText(text, findings);
-}
-
-struct ValueRule {
-    std::type_info const * type;
-    std::optional<double> (*check)(QStringView, QStringList &);
-};
-
-#define VX_VALUE_RULE(T) {&typeid(T), &checkValueOf<T>},
-ValueRule const VALUE_RULES[] = {VX_FOR_EACH_PARAMETER_TYPE(VX_VALUE_RULE)};
-#undef VX_VALUE_RULE
-
-std::optional<double> (*ruleFor(std::type_info const & type))(QStringView, QStringList &) {
-    auto const * const rule = std::find_if(std::begin(VALUE_RULES), std::end(VALUE_RULES),
-                                           [&](ValueRule const & one) { return *one.type == type; });
-    return rule == std::end(VALUE_RULES) ? &checkText : rule->check;
-}
-
 // Other fields
 
 void checkNumberField(char const * field, QStringView text, QStringList & findings) {
@@ -147,15 +38,6 @@ void checkTime(QStringView text, float read, QStringList & findings) {
     double const whole = Kyn::detail::wholeToDouble(text);
     if (!looksLike(text, whole) || std::fabs(static_cast<double>(read) - whole) > WORTH_A_WORD)
         add(findings, QStringLiteral("the time, ") + readsAs(text, shortestText(read)));
-}
-
-/// The key of a line must be the word itself: a longer one that begins with it is read as it.
-void checkWord(QLatin1String word, QStringView text, QLatin1Char end, QStringList & findings) {
-    qsizetype const length = text.indexOf(end);
-    if (length < 0)
-        add(findings, QStringLiteral("%1 reads as '%2' although there is no '%3'").arg(quoted(text), word).arg(end));
-    else if (length != word.size())
-        add(findings, readsAs(text.left(length), QLatin1Char('\'') + word + QLatin1Char('\'')));
 }
 
 void checkSecondField(QStringView text, QStringList & findings) {
@@ -243,7 +125,7 @@ struct LineCheck::Line {
 LineCheck::LineCheck(Kyn::ParameterWithoutType const & parameter)
     : parameter_(parameter),
       numeric_(dynamic_cast<Kyn::NumericParameterWithoutType const *>(&parameter)),
-      valueRule_(ruleFor(parameter.valueTypeInfo())) {}
+      valueRule_(valueRuleOf(parameter.valueTypeInfo())) {}
 
 LineCheck::Verdict LineCheck::check(QStringView whole, Kyn::StreamVersion const & version, QStringList & findings) {
     if (whole.startsWith(QLatin1String("views"))) {

@@ -2,11 +2,10 @@
 
 #include "parameter/kyn/NumericParameterWithoutType.h"
 #include "parameter/kyn/StreamVersion.h"
+#include "project/ValueCheck.h"
 
 #include <QStringList>
 #include <QStringView>
-
-#include <optional>
 
 namespace vxproject {
 
@@ -41,7 +40,7 @@ private:
 
     Kyn::ParameterWithoutType const & parameter_;
     Kyn::NumericParameterWithoutType const * numeric_; ///< Null for one that is not.
-    std::optional<double> (*valueRule_)(QStringView, QStringList &);
+    ValueRule valueRule_;
     bool hasData_ = false; ///< Whether a value or a key has been read since the views were last cleared.
 };
 

@@ -1,6 +1,8 @@
 #include "project/NumberText.h"
 
 #include "parameter/Parameter.h"
+#include "parameter/StaticParameter.h"
+#include "parameter/ValueText.h"
 
 #include <algorithm>
 #include <array>
@@ -27,7 +29,7 @@ int digitsNeeded(Real number) {
         return FEWEST_DIGITS;
     int digits = FEWEST_DIGITS;
     while (digits < MOST_DIGITS &&
-           static_cast<Real>(QString::number(static_cast<double>(number), 'g', digits).toDouble()) != number)
+           Kyn::detail::readValue<Real>(QString::number(static_cast<double>(number), 'g', digits)) != number)
         ++digits;
     return digits;
 }
@@ -55,6 +57,10 @@ int digitsNeeded(Kyn::BasicParameter const & parameter) {
         return digitsNeededByViews(*real);
     if (auto const * const single = dynamic_cast<Kyn::Parameter<float> const *>(&parameter))
         return digitsNeededByViews(*single);
+    if (auto const * const field = dynamic_cast<Kyn::StaticParameter<double> const *>(&parameter))
+        return digitsNeeded(field->value());
+    if (auto const * const singleField = dynamic_cast<Kyn::StaticParameter<float> const *>(&parameter))
+        return digitsNeeded(singleField->value());
     return FEWEST_DIGITS;
 }
 

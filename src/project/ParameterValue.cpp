@@ -1,6 +1,7 @@
 #include "project/ParameterValue.h"
 
 #include "parameter/Parameter.h"
+#include "parameter/StaticParameter.h"
 
 namespace vxproject {
 
@@ -22,8 +23,7 @@ ParameterValue plain(T const & value) {
 
 /// False unless the parameter is one of T.
 template <class T>
-bool take(Kyn::ParameterWithoutType const & parameter, Kyn::Context const & context, Unit unit,
-          ParameterValue & value) {
+bool take(Kyn::BasicParameter const & parameter, Kyn::Context const & context, Unit unit, ParameterValue & value) {
     auto const * const typed = dynamic_cast<Kyn::Parameter<T> const *>(&parameter);
     if (!typed)
         return false;
@@ -32,13 +32,24 @@ bool take(Kyn::ParameterWithoutType const & parameter, Kyn::Context const & cont
     return true;
 }
 
+template <class T>
+bool takeField(Kyn::BasicParameter const & parameter, ParameterValue & value) {
+    auto const * const field = dynamic_cast<Kyn::StaticParameter<T> const *>(&parameter);
+    if (field)
+        value = plain(field->value());
+    return field != nullptr;
+}
+
 } // namespace
 
-ParameterValue valueOf(Kyn::ParameterWithoutType const & parameter, Kyn::Context const & context, Unit unit) {
+ParameterValue valueOf(Kyn::BasicParameter const & parameter, Kyn::Context const & context, Unit unit) {
     ParameterValue value;
 #define VX_TRY(T) take<T>(parameter, context, unit, value) ||
-    static_cast<void>(VX_FOR_EACH_PARAMETER_TYPE(VX_TRY) false);
+    bool const taken = VX_FOR_EACH_PARAMETER_TYPE(VX_TRY) false;
 #undef VX_TRY
+#define VX_TRY_FIELD(T) takeField<T>(parameter, value) ||
+    static_cast<void>(taken || VX_FOR_EACH_STATIC_TYPE(VX_TRY_FIELD) false);
+#undef VX_TRY_FIELD
     return value;
 }
 

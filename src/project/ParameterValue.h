@@ -1,6 +1,7 @@
 #pragma once
 
-#include "parameter/kyn/ParameterWithoutType.h"
+#include "parameter/kyn/BasicParameter.h"
+#include "parameter/kyn/Context.h"
 
 #include <QString>
 
@@ -8,7 +9,7 @@
 
 namespace vxproject {
 
-/// A parameter's value as a table holds it, whatever the parameter's type: enumerations and views are their numbers,
+/// A member's value as a table holds it, whatever the parameter's type: enumerations and views are their numbers,
 /// file names their text.
 typedef std::variant<double, float, qint64, bool, QString> ParameterValue;
 
@@ -18,7 +19,8 @@ enum class Unit {
     Display, ///< As the parameter shows it to a user.
 };
 
-ParameterValue valueOf(Kyn::ParameterWithoutType const & parameter, Kyn::Context const & context, Unit unit);
+/// A plain field has the same value at every context.
+ParameterValue valueOf(Kyn::BasicParameter const & parameter, Kyn::Context const & context, Unit unit);
 
 /// Whether a path fits a pattern in which each '*' stands for any text, the empty one too, and all else for itself.
 bool matchesPattern(QStringView path, QStringView pattern);

@@ -1,11 +1,26 @@
 #include "project/Project.h"
 
+#include "project/Clip.h"
 #include "project/Layer.h"
 #include "project/Reader.h"
 #include "project/TextFile.h"
 #include "project/Writer.h"
 
 namespace vxproject {
+
+namespace {
+
+typedef boost::function<void(Kyn::BasicParameter &, QString const &)> Visit;
+
+void walk(Kyn::ParameterSet const & set, QString const & path, Visit const & visit) {
+    set.forEachMember(
+        [&](Kyn::BasicParameter * member) { visit(*member, path + QLatin1Char('.') + member->scriptName()); }, false);
+    set.forEachSet([&](Kyn::ParameterSet * nested, QString const & name) {
+        walk(*nested, path + QLatin1Char('.') + name, visit);
+    });
+}
+
+} // namespace
 
 Project::~Project() = default;
 
@@ -52,19 +67,46 @@ Item & Project::item(ItemKey const & key) {
     return *item;
 }
 
+Item * Project::findItem(ItemKey const & key) const {
+    auto const found = items_.find(key);
+    return found == items_.end() ? nullptr : found->second.get();
+}
+
+Clip & Project::clip(quint32 id) {
+    return static_cast<Clip &>(item({&clipKind(), id}));
+}
+
 Layer & Project::layer(quint32 id) {
     return static_cast<Layer &>(item({&layerKind(), id}));
 }
 
+Clip * Project::findClip(quint32 id) const {
+    return static_cast<Clip *>(findItem({&clipKind(), id}));
+}
+
 Layer * Project::findLayer(quint32 id) const {
-    auto const found = items_.find({&layerKind(), id});
-    return found == items_.end() ? nullptr : static_cast<Layer *>(found->second.get());
+    return static_cast<Layer *>(findItem({&layerKind(), id}));
+}
+
+std::optional<FrameSize> Project::frameSizeOf(Layer const & layer) const {
+    VX_BaseClipInfo const * const picture =
+        clips_.pcGetBaseClipInfo(layer.tracking.inputClipId.staticValue(Kyn::View()));
+    VX::ImageFormat const format = picture ? picture->format() : VX::ImageFormat();
+    if (!format.isValid())
+        return std::nullopt;
+    return FrameSize{format.size.width(), format.size.height()};
+}
+
+void Project::forEachMember(boost::function<void(Kyn::BasicParameter &, QString const &)> visit) const {
+    for (auto const & [key, item] : items_)
+        walk(*item, key.toString(), visit);
 }
 
 void Project::forEachParameter(boost::function<void(Kyn::ParameterWithoutType &, QString const &)> visit) const {
-    for (auto const & [key, item] : items_)
-        item->forEachParameter(
-            [&](Kyn::ParameterWithoutType * parameter) { visit(*parameter, parameter->extendedName()); }, true);
+    forEachMember([&](Kyn::BasicParameter & member, QString const & path) {
+        if (auto * const parameter = dynamic_cast<Kyn::ParameterWithoutType *>(&member))
+            visit(*parameter, path);
+    });
 }
 
 } // namespace vxproject

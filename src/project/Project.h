@@ -1,8 +1,10 @@
 #pragma once
 
 #include "parameter/kyn/ParameterTree.h"
+#include "project/ClipContainer.h"
 #include "project/Finding.h"
 #include "project/Item.h"
+#include "project/PixelCoordinates.h"
 
 #include <QByteArray>
 #include <QList>
@@ -10,9 +12,11 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 
 namespace vxproject {
 
+class Clip;
 class Layer;
 
 /// A project, as an application built on the library has one: items that hold parameter sets, one tree in which masters
@@ -23,6 +27,8 @@ class Layer;
 ///
 ///     vxproject 2
 ///     # a comment
+///     Clip[1].Picture.Core.FrameWidth.value=1920
+///     Clip[1].Source.Core.ClipDirectory.value="/shots/s010"
 ///     Layer[1].Name.value="screen left"
 ///     Layer[1].跟踪.Translation X.keyframes.append( Key( 1, 0.5, Linear ) )
 ///
@@ -38,7 +44,7 @@ public:
     /// The version of the lines that are written, and the newest that is read.
     static constexpr unsigned int NEWEST_VERSION = 2;
 
-    Project() = default;
+    Project() : clips_(*this) {}
     Project(Project const &) = delete;
     Project & operator=(Project const &) = delete;
     ~Project();
@@ -72,11 +78,23 @@ public:
     Item & item(ItemKey const & key);
     std::map<ItemKey, std::unique_ptr<Item>> const & items() const { return items_; }
 
+    /// The item of an id, made if there is none yet.
+    Clip & clip(quint32 id);
     Layer & layer(quint32 id);
     /// Null if there is none.
+    Clip * findClip(quint32 id) const;
     Layer * findLayer(quint32 id) const;
 
-    /// Calls with each parameter and its path, "Layer[1].跟踪.Translation X", in order of the file.
+    /// The size of the frames that a layer is tracked in, those of its input clip; nothing without such a clip, or if
+    /// that has no size. Interlaced clips have the size of a field.
+    std::optional<FrameSize> frameSizeOf(Layer const & layer) const;
+
+    /// The clips by their ids, for the sets that refer to them. Id 0 names none, even if the file has an item Clip[0].
+    VX_BaseClipInfoContainer const & clips() const { return clips_; }
+
+    /// Calls with each member and its path, "Layer[1].跟踪.Translation X", in order of the file.
+    void forEachMember(boost::function<void(Kyn::BasicParameter &, QString const &)> visit) const;
+    /// The same without plain fields.
     void forEachParameter(boost::function<void(Kyn::ParameterWithoutType &, QString const &)> visit) const;
 
     /// All items stand in it, under their keys.
@@ -85,8 +103,11 @@ public:
 private:
     friend class Reader;
 
+    Item * findItem(ItemKey const & key) const;
+
     Kyn::ParameterTree tree_;
     std::map<ItemKey, std::unique_ptr<Item>> items_;
+    ClipContainer clips_;
     QStringList head_; ///< The lines between the first line and what belongs to an item.
     QStringList tail_;
     QList<Finding> findings_;

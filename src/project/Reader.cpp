@@ -1,7 +1,10 @@
 #include "project/Reader.h"
 
+#include "clip/ClipInfo.h"
+#include "foundation/DecimalDigit.h"
 #include "parameter/ScriptLine.h"
 #include "project/FileError.h"
+#include "project/Item.h"
 #include "project/TextFile.h"
 
 #include <algorithm>
@@ -12,6 +15,10 @@ namespace vxproject {
 namespace {
 
 constexpr QLatin1String FORMAT("vxproject ");
+
+bool isDecimal(QStringView text) {
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return VX::detail::isDecimalDigit(c.unicode()); });
+}
 
 bool isComment(QStringView line) {
     return line.startsWith(QLatin1Char('#')) || line.trimmed().isEmpty();
@@ -37,7 +44,7 @@ ItemPrefix itemPrefixOf(QStringView line) {
     QStringView const digits = opening.mid(bracket + 1).chopped(1);
     bool isNumber = false;
     qulonglong const id = digits.toULongLong(&isNumber, 10);
-    bool const decimal = std::all_of(digits.begin(), digits.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+    bool const decimal = isDecimal(digits);
     ItemKind const * const kind = findItemKind(line.left(bracket));
     if (!kind)
         found.wrong = quoted(line.left(bracket)) + QStringLiteral(" is no kind of item");
@@ -60,6 +67,7 @@ void Reader::read(QByteArray const & bytes) {
     QStringView line;
     lines.next(line);
     readFirstLine(line);
+    settleForms(decoded.text);
     while (lines.next(line)) {
         number_ = lines.number();
         readLine(line);
@@ -69,8 +77,7 @@ void Reader::read(QByteArray const & bytes) {
 
 void Reader::readFirstLine(QStringView line) {
     QStringView const digits = line.mid(FORMAT.size());
-    bool const isProject = line.startsWith(FORMAT) && !digits.isEmpty() &&
-                           std::all_of(digits.begin(), digits.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+    bool const isProject = line.startsWith(FORMAT) && !digits.isEmpty() && isDecimal(digits);
     bool fits = false;
     unsigned int const version = digits.toUInt(&fits, 10);
     if (!isProject || (fits && version == 0))
@@ -84,6 +91,23 @@ void Reader::readFirstLine(QStringView line) {
                             .arg(digits.left(20))
                             .arg(Project::NEWEST_VERSION));
     version_ = Kyn::StreamVersion(version);
+}
+
+/// A clip takes some of its lines in one of its two forms only, and the line that says which may stand anywhere among
+/// them, so it is read beforehand. The last one counts.
+void Reader::settleForms(QStringView text) {
+    constexpr QLatin1String FORM("Source.Core.DiscreteFrames.");
+    if (!text.contains(FORM))
+        return;
+    Lines lines(text);
+    for (QStringView line; lines.next(line);) {
+        ItemPrefix const prefix = itemPrefixOf(line);
+        if (prefix.key.kind != &clipKind() || !line.mid(prefix.length).startsWith(FORM) || line.contains(u'\r'))
+            continue;
+        Item & clip = project_.item(prefix.key);
+        clip.bStreamIn(line.mid(prefix.length).toString(), version_);
+        clip.settle();
+    }
 }
 
 void Reader::readLine(QStringView line) {
@@ -122,13 +146,22 @@ void Reader::readItemLine(QStringView line, Item & item, qsizetype keyLength) {
     Target const target = last_;
     QString const rest = line.mid(keyLength > 0 ? keyLength : line.indexOf(QLatin1Char('.')) + 1).toString();
     if (!target.member) {
-        if (!item.bStreamIn(rest, version_)) // Old names are taken without there being a member.
+        // Old names, and the frames of a discrete clip, are taken without there being a member.
+        if (!item.bStreamIn(rest, version_)) {
             keep(line, &item, {target.missing});
+        } else if (!waiting_.isEmpty()) {
+            waitingOf_[&item] += waiting_;
+            waiting_.clear();
+        }
         return;
     }
     QStringList findings;
-    bool const offered = !target.check || target.check->check(line.mid(target.opening.size()), version_, findings) ==
-                                              LineCheck::Verdict::Read;
+    QStringView const said = line.mid(target.opening.size());
+    bool offered = true;
+    if (target.check)
+        offered = target.check->check(said, version_, findings) == LineCheck::Verdict::Read;
+    else
+        checkFieldLine(*target.member, said, findings);
     if (!offered || !item.bStreamIn(rest, version_)) {
         if (findings.isEmpty())
             findings.append(quoted(line) + QStringLiteral(" is not understood"));
@@ -154,7 +187,13 @@ void Reader::findTarget(QStringView line, Item & item, qsizetype keyLength) {
         last_.member = dot < 0 ? nullptr : set->findMember(wanted);
         Kyn::ParameterSet const * const nested = dot < 0 || last_.member ? nullptr : set->findSet(wanted);
         if (!last_.member && !nested) {
-            last_.missing = QStringLiteral("%1 has no parameter %2").arg(quoted(line.left(start - 1)), quoted(name));
+            bool const isFrame = dynamic_cast<VX_ClipInfo const *>(set) &&
+                                 name.compare(QLatin1String("Frames"), Qt::CaseInsensitive) == 0;
+            last_.missing =
+                isFrame
+                    ? quoted(line.mid(start)) + QStringLiteral(" reads as no frame, which is written Frames.keyframes."
+                                                               "append( DiscreteFrame( FILE, FRAME, VIEW ) )")
+                    : QStringLiteral("%1 has no parameter %2").arg(quoted(line.left(start - 1)), quoted(name));
             return;
         }
         set = nested;

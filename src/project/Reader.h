@@ -35,6 +35,7 @@ private:
     };
 
     void readFirstLine(QStringView line);
+    void settleForms(QStringView text);
     void readLine(QStringView line);
     void readItemLine(QStringView line, Item & item, qsizetype keyLength);
     void findTarget(QStringView line, Item & item, qsizetype keyLength);

@@ -51,6 +51,8 @@ QString plainText(Tov::FSPercentEscapedString const & name) {
 /// Every text that the parameter would write.
 template <class Text>
 void checkTexts(Kyn::BasicParameter const & member, QString const & path) {
+    if (auto const * const field = dynamic_cast<Kyn::StaticParameter<QString> const *>(&member))
+        checkText(field->value(), path);
     auto const * const parameter = dynamic_cast<Kyn::Parameter<Text> const *>(&member);
     if (!parameter)
         return;
@@ -75,8 +77,11 @@ void Writer::lines(QStringList const & texts) {
         line(text);
 }
 
-void Writer::item(Item const & item, QString const & key) {
+void Writer::item(Item & item, QString const & key) {
+    QStringList const behind = item.settle();
     set(item, key, item.kept);
+    for (QString const & text : behind)
+        line(key + QLatin1Char('.') + text);
     lines(item.kept.last());
 }
 

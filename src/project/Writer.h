@@ -13,7 +13,7 @@ public:
     void line(QString const & text);
     void lines(QStringList const & texts);
     /// All lines of an item, each opened by its key and ".".
-    void item(Item const & item, QString const & key);
+    void item(Item & item, QString const & key);
 
     QByteArray const & text() const { return text_; }
 

@@ -11,7 +11,7 @@
 namespace {
 
 std::vector<std::string> filesIn(char const * folder) {
-    QDir const scripts(QStringLiteral(VX_TEST_DATA "/project/scripts/") + QLatin1String(folder));
+    QDir const scripts(QStringLiteral(VX_TEST_DATA "/") + QLatin1String(folder));
     std::vector<std::string> files;
     for (QString const & name : scripts.entryList({QStringLiteral("*.vxp")}, QDir::Files, QDir::Name))
         files.push_back(scripts.filePath(name).toStdString());
@@ -43,7 +43,8 @@ TEST_P(BadScript, gives_all_its_findings_and_is_written_alike_twice) {
     ProjectTest::expectFixedPoint(*project);
 }
 
-INSTANTIATE_TEST_SUITE_P(Scripts, GoodScript, testing::ValuesIn(filesIn("good")), caseName);
-INSTANTIATE_TEST_SUITE_P(Scripts, BadScript, testing::ValuesIn(filesIn("bad")), caseName);
+INSTANTIATE_TEST_SUITE_P(Scripts, GoodScript, testing::ValuesIn(filesIn("project/scripts/good")), caseName);
+INSTANTIATE_TEST_SUITE_P(Examples, GoodScript, testing::ValuesIn(filesIn("../examples/footage")), caseName);
+INSTANTIATE_TEST_SUITE_P(Scripts, BadScript, testing::ValuesIn(filesIn("project/scripts/bad")), caseName);
 
 } // namespace
