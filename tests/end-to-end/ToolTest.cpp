@@ -1,60 +1,11 @@
-#include <gtest/gtest.h>
-
-#include <QByteArray>
-#include <QDir>
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QTemporaryDir>
+#include "end-to-end/ToolRun.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <sys/wait.h>
-
-// Runs the built program as a user does, with a shell between.
 
 namespace {
 
-class Tool : public testing::Test {
+class Tool : public ToolRun {
 protected:
-    struct Answer {
-        int code;
-        std::string out;
-        std::string err;
-    };
-
-    static std::string quoted(std::string const & text) { return "'" + text + "'"; }
-
-    std::string pathOf(char const * name) const { return folder.filePath(QString::fromUtf8(name)).toStdString(); }
-
-    std::string contentOf(char const * name) const {
-        QFile file(QString::fromStdString(pathOf(name)));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
-        return file.readAll().toStdString();
-    }
-
-    /// Makes a file; its path.
-    std::string write(char const * name, std::string const & text) const {
-        QFile file(QString::fromStdString(pathOf(name)));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << name;
-        file.write(QByteArray::fromStdString(text));
-        return pathOf(name);
-    }
-
-    Answer shell(std::string const & command) const {
-        std::string const whole = command + " >" + quoted(pathOf("out")) + " 2>" + quoted(pathOf("err"));
-        int const status = std::system(whole.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contentOf("out"), contentOf("err")};
-    }
-
-    Answer run(std::vector<std::string> const & arguments) const {
-        std::string command = quoted(VX_TOOL);
-        for (std::string const & argument : arguments)
-            command += " " + quoted(argument);
-        return shell(command);
-    }
-
     std::string project() const {
         return write("画面 1.vxp", "vxproject 2\n"
                                    "Layer[1].Name.value=\"screen, left\"\n"
@@ -64,15 +15,6 @@ protected:
                                    "Layer[1].跟踪.Translation X.view[1].value=2\n"
                                    "Layer[5].跟踪.Scale.value=2\n");
     }
-
-    static QJsonDocument json(std::string const & text) {
-        QJsonParseError error;
-        QJsonDocument document = QJsonDocument::fromJson(QByteArray::fromStdString(text), &error);
-        EXPECT_EQ(error.error, QJsonParseError::NoError) << text;
-        return document;
-    }
-
-    QTemporaryDir folder;
 };
 
 std::string const table = "frame,h11,h12,h13,h21,h22,h23,h31,h32,h33\n"
@@ -105,7 +47,8 @@ TEST_F(Tool, demo_fails_when_a_corner_comes_out_elsewhere) {
 
 TEST_F(Tool, helps_everywhere_and_refuses_bad_usage) {
     EXPECT_EQ(run({"--help"}).code, 0);
-    for (char const * command : {"info", "check", "get", "track", "import-track", "compare-track", "format"}) {
+    for (char const * command : {"info", "check", "get", "track", "import-track", "compare-track", "format", "files",
+                                 "film", "pulldown", "timecode", "lut"}) {
         Answer const help = run({command, "--help"});
         EXPECT_EQ(help.code, 0) << command;
         EXPECT_EQ(help.err, "");

@@ -14,13 +14,26 @@ namespace {
     throw UsageError(std::string(option) + " '" + text + "': " + expected);
 }
 
+vxproject::FrameList framesOf(char const * option, std::string const & text) {
+    std::optional<vxproject::FrameList> const frames = vxproject::FrameList::parse(textOf(text));
+    if (!frames)
+        refuse(option, text, "frames are written 7, 1-100, 1-100x2, 1-10x0.25, or a list of these between commas");
+    return *frames;
+}
+
 } // namespace
 
 vxproject::FrameList framesOf(std::string const & text) {
-    std::optional<vxproject::FrameList> const frames = vxproject::FrameList::parse(textOf(text));
-    if (!frames)
-        refuse("--frames", text, "frames are written 7, 1-100, 1-100x2, 1-10x0.25, or a list of these between commas");
-    return *frames;
+    return framesOf("--frames", text);
+}
+
+vxproject::FrameList wholeFramesOf(char const * option, std::string const & text, double lowest, double highest) {
+    vxproject::FrameList const frames = framesOf(option, text);
+    if (!frames.isWholeWithin(lowest, highest)) {
+        QString const range = QStringLiteral("these are whole numbers from %1 to %2");
+        refuse(option, text, range.arg(lowest, 0, 'f', 0).arg(highest, 0, 'f', 0).toUtf8().constData());
+    }
+    return frames;
 }
 
 Kyn::View viewOf(int id) {
@@ -55,24 +68,38 @@ std::vector<Gan_Vector2> pointsOf(std::string const & text) {
     return points;
 }
 
-quint32 layerIdOf(long long id) {
+quint32 idOf(char const * option, long long id) {
     if (id < 0 || id > std::numeric_limits<quint32>::max())
-        refuse("--layer", std::to_string(id), "ids go from 0 to 4294967295");
+        refuse(option, std::to_string(id), "ids go from 0 to 4294967295");
     return static_cast<quint32>(id);
 }
 
-vxproject::Layer * findLayer(vxproject::Project const & project, quint32 id, QString const & path) {
-    vxproject::Layer * const layer = project.findLayer(id);
-    if (layer)
-        return layer;
+namespace {
+
+/// `found` as it is; without one, names those that there are.
+template <class Found>
+Found * orComplain(Found * found, vxproject::ItemKind const & kind, vxproject::Project const & project, quint32 id,
+                   QString const & path) {
+    if (found)
+        return found;
     QStringList present;
     for (auto const & entry : project.items())
-        if (entry.first.kind == &vxproject::layerKind())
+        if (entry.first.kind == &kind)
             present.append(QString::number(entry.first.id));
-    complain(path + QStringLiteral(": there is no layer %1; ").arg(id) +
+    complain(path + QStringLiteral(": there is no %1 %2; ").arg(QString::fromLatin1(kind.key).toLower()).arg(id) +
              (present.isEmpty() ? QStringLiteral("the project has none")
                                 : QStringLiteral("those that there are: ") + present.join(QLatin1String(", "))));
     return nullptr;
+}
+
+} // namespace
+
+vxproject::Layer * findLayer(vxproject::Project const & project, quint32 id, QString const & path) {
+    return orComplain(project.findLayer(id), vxproject::layerKind(), project, id, path);
+}
+
+vxproject::Clip * findClip(vxproject::Project const & project, quint32 id, QString const & path) {
+    return orComplain(project.findClip(id), vxproject::clipKind(), project, id, path);
 }
 
 } // namespace Tool

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "project/Clip.h"
 #include "project/FrameList.h"
 #include "project/Layer.h"
 #include "project/PixelCoordinates.h"
@@ -13,15 +14,19 @@
 namespace Tool {
 
 vxproject::FrameList framesOf(std::string const & text);
+/// The same, of whole frames from `lowest` to `highest` alone.
+vxproject::FrameList wholeFramesOf(char const * option, std::string const & text, double lowest, double highest);
 Kyn::View viewOf(int id);
 /// "1920x1080"; nothing for an empty text.
 std::optional<vxproject::FrameSize> sizeOf(std::string const & text);
 /// "x y; x y; ..."
 std::vector<Gan_Vector2> pointsOf(std::string const & text);
-quint32 layerIdOf(long long id);
+/// What project files number their items with: 0 to 4294967295.
+quint32 idOf(char const * option, long long id);
 
-/// The layer of an id; null, and a message that names those that there are, if the project has none.
+/// The item of an id; null, and a message that names those that there are, if the project has none.
 vxproject::Layer * findLayer(vxproject::Project const & project, quint32 id, QString const & path);
+vxproject::Clip * findClip(vxproject::Project const & project, quint32 id, QString const & path);
 
 inline QString textOf(std::string const & argument) {
     return QString::fromStdString(argument);

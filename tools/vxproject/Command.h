@@ -32,5 +32,10 @@ void addTrack(CLI::App & app, Run & chosen);
 void addImportTrack(CLI::App & app, Run & chosen);
 void addCompareTrack(CLI::App & app, Run & chosen);
 void addFormat(CLI::App & app, Run & chosen);
+void addFiles(CLI::App & app, Run & chosen);
+void addFilm(CLI::App & app, Run & chosen);
+void addPulldown(CLI::App & app, Run & chosen);
+void addTimecode(CLI::App & app, Run & chosen);
+void addLut(CLI::App & app, Run & chosen);
 
 } // namespace Tool

@@ -3,6 +3,7 @@
 #include "project/NumberText.h"
 
 #include <cerrno>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 
@@ -32,7 +33,11 @@ void flushOutput() {
 }
 
 void complain(QString const & message) {
-    std::fputs((message.toUtf8() + '\n').constData(), stderr);
+    QString line = message;
+    for (QChar & c : line)
+        if (c.category() == QChar::Other_Control) // The name of a folder may hold a line break.
+            c = QChar::ReplacementCharacter;
+    std::fputs((line.toUtf8() + '\n').constData(), stderr);
 }
 
 ExitCode complainOf(QList<vxproject::Finding> const & findings, QString const & path) {
@@ -65,7 +70,10 @@ struct ToText {
 
 struct ToJson {
     // A float is given the digits of its own shortest text, not those of the double that it widens to.
-    nlohmann::ordered_json operator()(float number) const { return vxproject::shortestText(number).toDouble(); }
+    nlohmann::ordered_json operator()(float number) const {
+        return std::isfinite(number) ? nlohmann::ordered_json(vxproject::shortestText(number).toDouble())
+                                     : nlohmann::ordered_json();
+    }
     nlohmann::ordered_json operator()(double number) const { return number; }
     nlohmann::ordered_json operator()(qint64 number) const { return number; }
     nlohmann::ordered_json operator()(bool flag) const { return flag; }
@@ -78,6 +86,12 @@ nlohmann::ordered_json toJson(vxproject::ParameterValue const & value) {
     return std::visit(ToJson(), value);
 }
 
+Field fieldIf(bool isThere, vxproject::ParameterValue const & value) {
+    if (!isThere)
+        return std::nullopt;
+    return value;
+}
+
 Table::Table(Form form, QStringList const & columns) : form_(form) {
     QStringList header;
     for (QString const & column : columns) {
@@ -88,7 +102,7 @@ Table::Table(Form form, QStringList const & columns) : form_(form) {
         print(header.join(QLatin1Char(',')));
 }
 
-void Table::row(std::vector<vxproject::ParameterValue> const & fields) {
+void Table::row(Fields const & fields) {
     if (form_ == Form::Csv)
         csvRow(fields);
     else
@@ -96,17 +110,17 @@ void Table::row(std::vector<vxproject::ParameterValue> const & fields) {
     anyRow_ = true;
 }
 
-void Table::csvRow(std::vector<vxproject::ParameterValue> const & fields) {
+void Table::csvRow(Fields const & fields) {
     QStringList texts;
-    for (vxproject::ParameterValue const & field : fields)
-        texts.append(std::visit(ToText(), field));
+    for (Field const & field : fields)
+        texts.append(field ? std::visit(ToText(), *field) : QStringLiteral("none"));
     print(texts.join(QLatin1Char(',')));
 }
 
-void Table::jsonRow(std::vector<vxproject::ParameterValue> const & fields) {
+void Table::jsonRow(Fields const & fields) {
     nlohmann::ordered_json object;
     for (std::size_t i = 0; i < fields.size(); ++i)
-        object[columns_[i]] = toJson(fields[i]);
+        object[columns_[i]] = fields[i] ? toJson(*fields[i]) : nlohmann::ordered_json();
     print((anyRow_ ? QByteArray(",\n ") : QByteArray("[")) +
           QByteArray::fromStdString(object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace)));
 }

@@ -11,6 +11,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -47,19 +48,25 @@ inline Form formOf(bool json) {
     return json ? Form::Json : Form::Csv;
 }
 
+/// A field of a table. Nothing where a row has no such value: "none" in CSV, null in JSON.
+typedef std::optional<vxproject::ParameterValue> Field;
+typedef std::vector<Field> Fields;
+
+Field fieldIf(bool isThere, vxproject::ParameterValue const & value);
+
 /// Writes a table row by row: CSV with a header line, or a JSON list with one object for each row, keyed by column.
 /// Numbers have the shortest text that reads back as the same number; JSON has null for one that is not finite.
 class Table {
 public:
     Table(Form form, QStringList const & columns);
 
-    void row(std::vector<vxproject::ParameterValue> const & fields);
+    void row(Fields const & fields);
     /// Without it the table is not complete.
     void finish();
 
 private:
-    void csvRow(std::vector<vxproject::ParameterValue> const & fields);
-    void jsonRow(std::vector<vxproject::ParameterValue> const & fields);
+    void csvRow(Fields const & fields);
+    void jsonRow(Fields const & fields);
 
     Form form_;
     std::vector<std::string> columns_;

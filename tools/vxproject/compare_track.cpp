@@ -39,7 +39,7 @@ ExitCode compareTrack(Options const & options) {
     Kyn::View const view = viewOf(options.view);
     std::optional<vxproject::FrameSize> const size = sizeOf(options.size);
     std::vector<Gan_Vector2> const points = pointsOf(options.corners);
-    quint32 const id = layerIdOf(options.layer);
+    quint32 const id = idOf("--layer", options.layer);
     QString const path = textOf(options.file);
     QString const tablePath = textOf(options.table);
     std::unique_ptr<vxproject::Project> const project = vxproject::Project::read(path);

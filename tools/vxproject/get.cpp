@@ -23,8 +23,8 @@ ExitCode get(Options const & options) {
     ExitCode const code = complainOf(project->findings(), file);
 
     QStringList columns{QStringLiteral("frame")};
-    std::vector<Kyn::ParameterWithoutType *> parameters;
-    project->forEachParameter([&](Kyn::ParameterWithoutType & parameter, QString const & path) {
+    std::vector<Kyn::BasicParameter *> parameters;
+    project->forEachMember([&](Kyn::BasicParameter & parameter, QString const & path) {
         if (!vxproject::matchesPattern(path, textOf(options.path)))
             return;
         columns.append(path);
@@ -39,8 +39,8 @@ ExitCode get(Options const & options) {
     Table table(formOf(options.json), columns);
     frames.forEach([&](double frame) {
         Kyn::Context const context(Kyn::Time(frame), view, Kyn::ProxyScale::FULL);
-        std::vector<vxproject::ParameterValue> fields{frame};
-        for (Kyn::ParameterWithoutType const * parameter : parameters)
+        Fields fields{frame};
+        for (Kyn::BasicParameter const * parameter : parameters)
             fields.push_back(vxproject::valueOf(*parameter, context, unit));
         table.row(fields);
     });

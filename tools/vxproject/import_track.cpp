@@ -53,7 +53,7 @@ void warnOfPixels(vxproject::TrackTable const & table, QString const & path) {
 
 ExitCode importTrack(Options const & options) {
     std::optional<vxproject::FrameSize> const size = sizeOf(options.size);
-    quint32 const id = layerIdOf(options.layer);
+    quint32 const id = idOf("--layer", options.layer);
     QString const path = textOf(options.table);
     vxproject::TrackTable const table = vxproject::TrackTable::read(path);
     if (!size)

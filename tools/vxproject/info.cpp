@@ -1,3 +1,4 @@
+#include "project/Clip.h"
 #include "project/NumberText.h"
 #include "vxproject/Arguments.h"
 #include "vxproject/Output.h"
@@ -39,10 +40,10 @@ SetSummary summaryOf(Kyn::ParameterSet const & set, QString const & name) {
         summary.lastKey = summary.keys > 0 ? std::max(summary.lastKey, last) : last;
         summary.keys += count;
     };
+    set.forEachMember([&](Kyn::BasicParameter *) { ++summary.parameters; }, false);
     set.forEachParameter(
         [&](Kyn::ParameterWithoutType * parameter) {
             std::size_t const before = summary.keys;
-            ++summary.parameters;
             for (Kyn::View const view : std::vector<Kyn::View>(parameter->views()))
                 addView(*parameter, view);
             summary.keyed += summary.keys > before ? 1 : 0;
@@ -55,19 +56,43 @@ SetSummary summaryOf(Kyn::ParameterSet const & set, QString const & name) {
 void collectSets(Kyn::ParameterSet const & set, QString const & path, std::vector<SetSummary> & found) {
     set.forEachSet([&](Kyn::ParameterSet * nested, QString const & name) {
         QString const full = path.isEmpty() ? name : path + QLatin1Char('.') + name;
-        found.push_back(summaryOf(*nested, full));
+        SetSummary const summary = summaryOf(*nested, full);
+        if (summary.parameters > 0) // Some only hold others together.
+            found.push_back(summary);
         collectSets(*nested, full, found);
     });
 }
 
+/// What a clip is, for its reader; of the default view.
+struct Footage {
+    unsigned int width = 0;
+    unsigned int height = 0;
+    float rate = 0.0f;
+    unsigned int length = 0;
+    std::size_t views = 0;
+    QString firstFile; ///< Null without one.
+};
+
 struct ItemSummary {
     vxproject::ItemKey key;
     QString name;
+    std::optional<Footage> footage;
     std::vector<SetSummary> sets;
 };
 
+Footage footageOf(vxproject::Clip const & clip) {
+    VX_ClipInfo const & source = clip.source;
+    Footage footage{clip.picture.frameWidth,  clip.picture.frameHeight,  clip.picture.frameRate,
+                    source.lengthForView({}), source.clipViews().size(), source.firstFileName()};
+    if (source.discreteFrames == VX_TRUE)
+        footage.firstFile = source.discreteFramesList.isEmpty() ? QString() : source.discreteFramesList[0].fileName;
+    return footage;
+}
+
 ItemSummary summaryOf(vxproject::ItemKey const & key, vxproject::Item const & item) {
-    ItemSummary summary{key, QString(), {}};
+    ItemSummary summary{key, QString(), std::nullopt, {}};
+    if (auto const * const clip = dynamic_cast<vxproject::Clip const *>(&item))
+        summary.footage = footageOf(*clip);
     Kyn::Context const always(Kyn::Time(0.0), Kyn::View(), Kyn::ProxyScale::FULL);
     if (Kyn::ParameterWithoutType const * const name = item.findParameter(QStringLiteral("Name")))
         summary.name = std::get<QString>(vxproject::valueOf(*name, always, vxproject::Unit::Stored));
@@ -86,10 +111,45 @@ QString counted(std::size_t count, char const * one, char const * several) {
     return QStringLiteral("%1 %2").arg(count).arg(QLatin1String(count == 1 ? one : several));
 }
 
+/// The items of a kind, in words and as a list of JSON.
+struct KindWords {
+    vxproject::ItemKind const & kind;
+    char const * one;
+    char const * several;
+};
+
+std::vector<KindWords> const & kinds() {
+    static std::vector<KindWords> const words = {{vxproject::clipKind(), "clip", "clips"},
+                                                 {vxproject::layerKind(), "layer", "layers"}};
+    return words;
+}
+
+QString countsText(std::vector<ItemSummary> const & items) {
+    QStringList counts;
+    for (KindWords const & words : kinds()) {
+        auto const count = std::count_if(items.begin(), items.end(),
+                                         [&](ItemSummary const & item) { return item.key.kind == &words.kind; });
+        if (count > 0)
+            counts.append(counted(static_cast<std::size_t>(count), words.one, words.several));
+    }
+    return counts.isEmpty() ? QStringLiteral("empty") : counts.join(QLatin1String(", "));
+}
+
+QString footageText(Footage const & footage) {
+    QString text = QStringLiteral("  %1x%2, %3 frames a second, %4, %5")
+                       .arg(footage.width)
+                       .arg(footage.height)
+                       .arg(vxproject::shortestText(footage.rate), counted(footage.length, "frame", "frames"),
+                            counted(footage.views, "view", "views"));
+    return footage.firstFile.isNull() ? text : text + QStringLiteral(", from ") + footage.firstFile;
+}
+
 void printText(std::vector<ItemSummary> const & items, QString const & path) {
-    print(path + QStringLiteral(": ") + counted(items.size(), "layer", "layers"));
+    print(path + QStringLiteral(": ") + countsText(items));
     for (ItemSummary const & item : items) {
         print(item.key.toString() + QStringLiteral(" \"%1\"").arg(item.name));
+        if (item.footage)
+            print(footageText(*item.footage));
         for (SetSummary const & set : item.sets) {
             QString text = QStringLiteral("  %1: %2, %3 keyed")
                                .arg(set.name)
@@ -99,7 +159,7 @@ void printText(std::vector<ItemSummary> const & items, QString const & path) {
                 text += QStringLiteral(", %1, frames %2 to %3")
                             .arg(counted(set.keys, "key", "keys"), vxproject::shortestText(set.firstKey),
                                  vxproject::shortestText(set.lastKey));
-            print(text + QStringLiteral(", ") + viewsText(set.views));
+            print(set.views.empty() ? text : text + QStringLiteral(", ") + viewsText(set.views));
         }
     }
 }
@@ -117,15 +177,32 @@ nlohmann::ordered_json toJson(SetSummary const & set) {
     return object;
 }
 
-void printJson(std::vector<ItemSummary> const & items, std::string const & file, qsizetype findings) {
-    nlohmann::ordered_json layers = nlohmann::ordered_json::array();
-    for (ItemSummary const & item : items) {
-        nlohmann::ordered_json sets = nlohmann::ordered_json::array();
-        for (SetSummary const & set : item.sets)
-            sets.push_back(toJson(set));
-        layers.push_back({{"id", item.key.id}, {"name", item.name.toStdString()}, {"sets", sets}});
+nlohmann::ordered_json toJson(ItemSummary const & item) {
+    nlohmann::ordered_json object{{"id", item.key.id}, {"name", item.name.toStdString()}};
+    if (item.footage) {
+        object["width"] = item.footage->width;
+        object["height"] = item.footage->height;
+        object["rate"] = Tool::toJson(vxproject::ParameterValue(item.footage->rate));
+        object["frames"] = item.footage->length;
+        object["views"] = item.footage->views;
+        if (!item.footage->firstFile.isNull())
+            object["first_file"] = item.footage->firstFile.toStdString();
     }
-    print(nlohmann::ordered_json{{"file", file}, {"findings", findings}, {"layers", layers}});
+    object["sets"] = nlohmann::ordered_json::array();
+    for (SetSummary const & set : item.sets)
+        object["sets"].push_back(toJson(set));
+    return object;
+}
+
+void printJson(std::vector<ItemSummary> const & items, std::string const & file, qsizetype findings) {
+    nlohmann::ordered_json document{{"file", file}, {"findings", findings}};
+    for (KindWords const & words : kinds()) {
+        nlohmann::ordered_json & list = document[words.several] = nlohmann::ordered_json::array();
+        for (ItemSummary const & item : items)
+            if (item.key.kind == &words.kind)
+                list.push_back(toJson(item));
+    }
+    print(document);
 }
 
 ExitCode info(Options const & options) {

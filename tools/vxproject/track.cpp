@@ -34,8 +34,6 @@ QStringList pointColumns(std::size_t count) {
     return columns;
 }
 
-typedef std::vector<vxproject::ParameterValue> Fields;
-
 void addMatrix(Fields & fields, Gan_Matrix33 const & homography) {
     VX::detail::forEachElement(homography, [&](double element) { fields.push_back(element); });
 }
@@ -55,16 +53,18 @@ bool addPoints(Fields & fields, Gan_Matrix33 const & homography, std::vector<Gan
 ExitCode track(Options const & options) {
     vxproject::FrameList const frames = framesOf(options.frames);
     Kyn::View const view = viewOf(options.view);
-    std::optional<vxproject::FrameSize> const size = sizeOf(options.size);
+    std::optional<vxproject::FrameSize> size = sizeOf(options.size);
     std::vector<Gan_Vector2> const points =
         options.corners.empty() ? std::vector<Gan_Vector2>() : pointsOf(options.corners);
-    quint32 const id = layerIdOf(options.layer);
+    quint32 const id = idOf("--layer", options.layer);
     QString const path = textOf(options.file);
     std::unique_ptr<vxproject::Project> const project = vxproject::Project::read(path);
     ExitCode code = complainOf(project->findings(), path);
     vxproject::Layer const * const layer = findLayer(*project, id, path);
     if (!layer)
         return EXIT_FINDINGS;
+    if (!size)
+        size = project->frameSizeOf(*layer);
 
     Table table(formOf(options.json), points.empty() ? matrixColumns() : pointColumns(points.size()));
     frames.forEach([&](double frame) {
@@ -101,9 +101,11 @@ void addTrack(CLI::App & app, Run & chosen) {
         ->required();
     command->add_option("--view", options->view, "The view (0)");
     command->add_option("--corners", options->corners, "Points to follow, \"x y; x y; x y; x y\"");
-    command->add_option("--size", options->size,
-                        "Frame size, WIDTHxHEIGHT: points and homographies in pixels. Without it, in project "
-                        "coordinates: origin at the frame's centre, its width the unit, y down");
+    command->add_option(
+        "--size", options->size,
+        "Frame size, WIDTHxHEIGHT: points and homographies are in pixels of it. Without it, in pixels of the "
+        "layer's clip; without such a clip, in project coordinates: origin at the frame's centre, its "
+        "width the unit, y down");
     command->add_flag("--json", options->json, "Write JSON");
     command->callback([options, &chosen] { chosen = [options] { return track(*options); }; });
 }
