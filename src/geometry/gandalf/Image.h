@@ -6,7 +6,8 @@
 #include <cstddef>
 
 /// An image in memory, as the application's image code hands it on. A plain record: the library passes pointers to it
-/// and reads no pixels. Whoever made the image owns its pixels and says when they go.
+/// and reads the pixels of distortion maps only (Camera.h says of which kind). Whoever made the image owns its pixels
+/// and says when they go.
 struct Gan_Image {
     Gan_ImageFormat format;
     Gan_Type type;
