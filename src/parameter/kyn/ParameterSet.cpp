@@ -224,6 +224,8 @@ void ParameterSet::copyMembers(ParameterSet const & other) {
         if (members_[i].row.scriptName_)
             members_[i].row.apply(*own);
     }
+    for (std::size_t i = 0; i < std::min(sets_.size(), other.sets_.size()); ++i)
+        sets_[i].set->copyMembers(*other.sets_[i].set);
 }
 
 void ParameterSet::assignMembers(ParameterSet const & other) {
@@ -231,6 +233,8 @@ void ParameterSet::assignMembers(ParameterSet const & other) {
     for (std::size_t i = 0; i < count; ++i)
         if (members_[i].typed && other.members_[i].typed)
             members_[i].typed->assignFrom(*other.members_[i].typed);
+    for (std::size_t i = 0; i < std::min(sets_.size(), other.sets_.size()); ++i)
+        sets_[i].set->assignMembers(*other.sets_[i].set);
     displayName_ = other.displayName_;
     shortDisplayName_ = other.shortDisplayName_;
     setScriptName(other.scriptName_);

@@ -139,8 +139,8 @@ protected:
     /// A row of this set's table, for a member's first argument.
     Row row(char const * scriptName) { return Row(*this, scriptName); }
 
-    /// Takes over the state of another set of the same class, member by member: what copying a set does. Afterwards
-    /// hidden flags and display names are again those of the rows.
+    /// Takes over the state of another set of the same class, member by member, nested sets too: what copying a set
+    /// does. Afterwards hidden flags and display names are again those of the rows.
     void copyMembers(ParameterSet const & other);
     /// The same for operator=: hidden flags and names are the source's, the set's own names too.
     void assignMembers(ParameterSet const & other);
