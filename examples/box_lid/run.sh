@@ -19,6 +19,10 @@ else
 fi
 project=$folder/box_lid.vxp
 size=640x480
+in_columns() {
+    awk -F, 'NR == 1 { printf "%5s", $1; for (i = 2; i <= NF; i++) printf "%9s", $i; print "" }
+             NR > 1 { printf "%5s", $1; for (i = 2; i <= NF; i++) printf "%9.2f", $i; print "" }'
+}
 corners=$(sed -n 's/^# surface corners in frame 0 (pixels, x y): //p' "$measured")
 
 echo "The track, as it was measured, goes into a project:"
@@ -31,9 +35,7 @@ echo "What the project holds, read back from its file:"
 
 echo
 echo "Where the lid's four corners are, in pixels:"
-"$vxproject" track "$project" --layer 1 --size "$size" --corners "$corners" --frames 0-390x65 |
-    awk -F, 'NR == 1 { printf "%5s", $1; for (i = 2; i <= NF; i++) printf "%9s", $i; print "" }
-             NR > 1 { printf "%5s", $1; for (i = 2; i <= NF; i++) printf "%9.2f", $i; print "" }'
+"$vxproject" track "$project" --layer 1 --size "$size" --corners "$corners" --frames 0-390x65 | in_columns
 
 echo
 echo "How far they are from where they were measured, in pixels, over all frames:"
@@ -42,3 +44,10 @@ echo "How far they are from where they were measured, in pixels, over all frames
              NR > 1 { for (i = 1; i <= NF; i++) printf "%15s  %.5g\n", name[i], $i }'
 echo "All of it is what the six significant digits of a key line cost: before they are written, the curves give each"
 echo "measured homography back to rounding. The limit is 0.05 pixels."
+
+echo
+echo "The same through a lens: out of it, along with the track, and into it again. The lens is another camera's:"
+awk -f "$(dirname "$measured")/lens.awk" 2>&1 >> "$project"
+sed -i 's/^\(Layer\[1\]\.跟踪\.InputClipID\.value=\)0$/\11/' "$project"
+"$vxproject" lens "$project" --lens 1 --frames 0
+"$vxproject" warp "$project" --layer 1 --points "$corners" --frames 0-390x65 | in_columns

@@ -2,6 +2,8 @@
 
 #include "project/Clip.h"
 #include "project/Layer.h"
+#include "project/Lens.h"
+#include "project/Scene.h"
 
 #include <algorithm>
 
@@ -16,13 +18,17 @@ std::unique_ptr<Item> make() {
 
 /// The order is that of the file.
 constexpr ItemKind KINDS[] = {
-    {"Clip", &make<Clip>},
-    {"Layer", &make<Layer>},
+    {"Clip", true, &make<Clip>},
+    {"Layer", true, &make<Layer>},
+    {"Lens", true, &make<Lens>},
+    {"Scene", false, &make<Scene>},
 };
 
 } // namespace
 
 QString ItemKey::toString() const {
+    if (!kind->isNumbered)
+        return QString::fromLatin1(kind->key);
     return QStringLiteral("%1[%2]").arg(QLatin1String(kind->key)).arg(id);
 }
 
@@ -32,6 +38,21 @@ ItemKind const & clipKind() {
 
 ItemKind const & layerKind() {
     return *findItemKind(u"Layer");
+}
+
+ItemKind const & lensKind() {
+    return *findItemKind(u"Lens");
+}
+
+ItemKind const & sceneKind() {
+    return *findItemKind(u"Scene");
+}
+
+std::vector<ItemKind const *> itemKinds() {
+    std::vector<ItemKind const *> kinds;
+    for (ItemKind const & kind : KINDS)
+        kinds.push_back(&kind);
+    return kinds;
 }
 
 ItemKind const * findItemKind(QStringView key) {

@@ -4,6 +4,7 @@
 #include "project/KeptLines.h"
 
 #include <memory>
+#include <vector>
 
 namespace vxproject {
 
@@ -21,13 +22,18 @@ public:
     /// for a value that no line can hold.
     virtual QStringList settle() { return QStringList(); }
 
+    /// Makes what a line names that comes with the lines that name it; the item's key has been taken off. Reading
+    /// offers each line here first.
+    virtual void expect(QStringView line) { Q_UNUSED(line) }
+
     /// What stood among the item's lines and is no member's.
     KeptLines kept;
 };
 
-/// A kind of item, and how one is made.
+/// A kind of item, and how one is made. Of a kind without numbers there is one item, with the id 0.
 struct ItemKind {
     char const * key;
+    bool isNumbered;
     std::unique_ptr<Item> (*make)();
 };
 
@@ -36,7 +42,7 @@ struct ItemKey {
     ItemKind const * kind;
     quint32 id;
 
-    /// "Layer[3]"
+    /// "Layer[3]", or "Scene"
     QString toString() const;
 
     friend bool operator<(ItemKey const & a, ItemKey const & b) {
@@ -44,10 +50,13 @@ struct ItemKey {
     }
 };
 
-/// The kinds of items that hold a clip and a layer.
 ItemKind const & clipKind();
 ItemKind const & layerKind();
+ItemKind const & lensKind();
+ItemKind const & sceneKind();
 
+/// The kinds, in the order of the file.
+std::vector<ItemKind const *> itemKinds();
 /// The kind of a key without its brackets; null for a word that is none.
 ItemKind const * findItemKind(QStringView key);
 

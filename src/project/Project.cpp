@@ -1,8 +1,12 @@
 #include "project/Project.h"
 
 #include "project/Clip.h"
+#include "project/ClipFiles.h"
 #include "project/Layer.h"
+#include "project/Lens.h"
 #include "project/Reader.h"
+#include "project/Scene.h"
+#include "project/StMap.h"
 #include "project/TextFile.h"
 #include "project/Writer.h"
 
@@ -60,11 +64,29 @@ QStringList Project::lossesOfWriting() const {
 
 Item & Project::item(ItemKey const & key) {
     std::unique_ptr<Item> & item = items_[key];
-    if (!item) {
-        item = key.kind->make();
-        tree_.add(*item, key.toString());
-    }
+    if (item)
+        return *item;
+    item = key.kind->make();
+    tree_.add(*item, key.toString());
+    if (auto * const lens = dynamic_cast<Lens *>(item.get()))
+        lens->camera.imageLoader = [this](unsigned int id, Kyn::Context::Explicit context, int, int) {
+            return mapOfClip(id, context);
+        };
     return *item;
+}
+
+/// A still has one file for all times.
+boost::shared_ptr<Gan_Image> Project::mapOfClip(unsigned int id, Kyn::Context const & context) {
+    Clip const * const clip = id == 0 ? nullptr : findClip(id);
+    if (!clip)
+        return nullptr;
+    QString const ofFrame =
+        ClipFiles(clip->source, clip->picture.interlaceMode, context.view()).fileOf(context.toFrame().toUInt());
+    QString const file = ofFrame.isNull() ? clip->source.firstFileName() : ofFrame;
+    boost::shared_ptr<Gan_Image> & map = maps_[file];
+    if (!map)
+        map = imageOf(readStMap(file));
+    return map;
 }
 
 Item * Project::findItem(ItemKey const & key) const {
@@ -78,6 +100,35 @@ Clip & Project::clip(quint32 id) {
 
 Layer & Project::layer(quint32 id) {
     return static_cast<Layer &>(item({&layerKind(), id}));
+}
+
+Lens & Project::lens(quint32 id) {
+    return static_cast<Lens &>(item({&lensKind(), id}));
+}
+
+Scene & Project::scene() {
+    return static_cast<Scene &>(item({&sceneKind(), 0}));
+}
+
+Lens * Project::findLens(quint32 id) const {
+    return static_cast<Lens *>(findItem({&lensKind(), id}));
+}
+
+Scene * Project::findScene() const {
+    return static_cast<Scene *>(findItem({&sceneKind(), 0}));
+}
+
+Lens * Project::lensOfClip(unsigned int id) const {
+    if (id == 0)
+        return nullptr;
+    for (auto const & [key, item] : items_) { // By kind, then by id.
+        if (key.kind != &lensKind())
+            continue;
+        Lens * const lens = static_cast<Lens *>(item.get());
+        if (lens->camera.inputClipId.staticValue(Kyn::View()) == id)
+            return lens;
+    }
+    return nullptr;
 }
 
 Clip * Project::findClip(quint32 id) const {

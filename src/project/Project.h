@@ -14,10 +14,14 @@
 #include <memory>
 #include <optional>
 
+struct Gan_Image;
+
 namespace vxproject {
 
 class Clip;
 class Layer;
+class Lens;
+class Scene;
 
 /// A project, as an application built on the library has one: items that hold parameter sets, one tree in which masters
 /// are found and changes are heard, and one text file.
@@ -81,9 +85,17 @@ public:
     /// The item of an id, made if there is none yet.
     Clip & clip(quint32 id);
     Layer & layer(quint32 id);
+    Lens & lens(quint32 id);
+    Scene & scene();
     /// Null if there is none.
     Clip * findClip(quint32 id) const;
     Layer * findLayer(quint32 id) const;
+    Lens * findLens(quint32 id) const;
+    Scene * findScene() const;
+
+    /// The lens that a clip was shot through: the one of lowest id whose "InputClipID" names it. Null without one, and
+    /// for the id 0.
+    Lens * lensOfClip(unsigned int id) const;
 
     /// The size of the frames that a layer is tracked in, those of its input clip; nothing without such a clip, or if
     /// that has no size. Interlaced clips have the size of a field.
@@ -104,6 +116,7 @@ private:
     friend class Reader;
 
     Item * findItem(ItemKey const & key) const;
+    boost::shared_ptr<Gan_Image> mapOfClip(unsigned int id, Kyn::Context const & context);
 
     Kyn::ParameterTree tree_;
     std::map<ItemKey, std::unique_ptr<Item>> items_;
@@ -111,6 +124,7 @@ private:
     QStringList head_; ///< The lines between the first line and what belongs to an item.
     QStringList tail_;
     QList<Finding> findings_;
+    std::map<QString, boost::shared_ptr<Gan_Image>> maps_; ///< Lens maps by file: a lens tells them apart by address.
 };
 
 } // namespace vxproject

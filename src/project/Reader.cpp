@@ -37,6 +37,12 @@ ItemPrefix itemPrefixOf(QStringView line) {
     qsizetype const dot = line.indexOf(QLatin1Char('.'));
     qsizetype const bracket = line.indexOf(QLatin1Char('['));
     QStringView const opening = line.left(dot);
+    ItemKind const * const single = dot < 0 ? nullptr : findItemKind(opening);
+    if (single && !single->isNumbered) {
+        found.key = {single, 0};
+        found.length = dot + 1;
+        return found;
+    }
     if (dot < 0 || bracket < 0 || bracket > dot || !opening.endsWith(QLatin1Char(']'))) {
         found.wrong = QStringLiteral("no item is named, as in Layer[1].Name.value=\"...\"");
         return found;
@@ -46,7 +52,7 @@ ItemPrefix itemPrefixOf(QStringView line) {
     qulonglong const id = digits.toULongLong(&isNumber, 10);
     bool const decimal = isDecimal(digits);
     ItemKind const * const kind = findItemKind(line.left(bracket));
-    if (!kind)
+    if (!kind || !kind->isNumbered)
         found.wrong = quoted(line.left(bracket)) + QStringLiteral(" is no kind of item");
     else if (!isNumber || !decimal || id > std::numeric_limits<quint32>::max())
         found.wrong = quoted(digits) + QStringLiteral(" is no id, which goes from 0 to 4294967295");
@@ -178,6 +184,7 @@ void Reader::readItemLine(QStringView line, Item & item, qsizetype keyLength) {
 void Reader::findTarget(QStringView line, Item & item, qsizetype keyLength) {
     last_ = Target();
     last_.item = &item;
+    item.expect(line.mid(keyLength));
     Kyn::ParameterSet const * set = &item;
     qsizetype start = keyLength;
     while (!last_.member) {

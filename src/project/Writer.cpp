@@ -4,6 +4,7 @@
 #include "project/Finding.h"
 #include "project/NumberText.h"
 
+#include <QRegularExpression>
 #include <QTextStream>
 
 #include <algorithm>
@@ -30,6 +31,12 @@ void checkName(QString const & name, QString const & path) {
         refuse(path, "a member of it has no script name");
     if (holdsAnyOf(name, u".=[]") || holdsAnyOf(name, LINE_BREAKS) || name.contains(QChar::Null))
         refuse(path + QLatin1Char('.') + quoted(name), "a script name may not hold '.', '=', '[', ']' or a line break");
+}
+
+/// The name of a nested set, which may end in a number: "Null[3]".
+void checkSetName(QString const & name, QString const & path) {
+    static QRegularExpression const number(QStringLiteral("\\[[0-9]+\\]\\z"));
+    checkName(QString(name).remove(number), path);
 }
 
 void checkText(QString const & text, QString const & path) {
@@ -89,7 +96,7 @@ void Writer::item(Item & item, QString const & key) {
 void Writer::set(Kyn::ParameterSet const & set, QString const & path, KeptLines const & kept) {
     set.forEachMember([&](Kyn::BasicParameter * one) { member(*one, path, kept); }, false);
     set.forEachSet([&](Kyn::ParameterSet * nested, QString const & name) {
-        checkName(name, path);
+        checkSetName(name, path);
         this->set(*nested, path + QLatin1Char('.') + name, kept);
     });
 }

@@ -173,9 +173,9 @@ TEST(ProjectFile, comment_stays_with_its_key_when_others_come) {
 
 TEST(ProjectFile, items_are_written_by_id_and_lines_of_no_item_at_either_end) {
     auto const project = projectOfLines("# the file\n\n# two\nLayer[2].Name.value=\"b\"\n"
-                                        "Scene.Null[3].Name.value=\"lamp\"\n# one\nLayer[1].Name.value=\"a\"\n# end\n");
+                                        "Stage.Lamp[3].Name.value=\"lamp\"\n# one\nLayer[1].Name.value=\"a\"\n# end\n");
     std::string const text = writtenBy(*project);
-    EXPECT_EQ(text.rfind("vxproject 2\n# the file\n\nScene.Null[3].Name.value=\"lamp\"\n# one\nLayer[1].Name", 0), 0u);
+    EXPECT_EQ(text.rfind("vxproject 2\n# the file\n\nStage.Lamp[3].Name.value=\"lamp\"\n# one\nLayer[1].Name", 0), 0u);
     EXPECT_LT(text.find("Layer[1].跟踪.Scale."), text.find("# two\nLayer[2].Name.value=\"b\"\n"));
     EXPECT_EQ(text.substr(text.size() - 6), "# end\n");
 }

@@ -54,7 +54,7 @@ std::optional<vxproject::FrameSize> sizeOf(std::string const & text) {
     return size;
 }
 
-std::vector<Gan_Vector2> pointsOf(std::string const & text) {
+std::vector<Gan_Vector2> pointsOf(char const * option, std::string const & text) {
     std::vector<Gan_Vector2> points;
     for (QString const & piece : textOf(text).split(QLatin1Char(';'))) {
         QStringList const numbers = piece.simplified().split(QLatin1Char(' '));
@@ -62,7 +62,7 @@ std::vector<Gan_Vector2> pointsOf(std::string const & text) {
         bool isY = false;
         Gan_Vector2 const point{numbers.value(0).toDouble(&isX), numbers.value(1).toDouble(&isY)};
         if (numbers.size() != 2 || !isX || !isY || !std::isfinite(point.x) || !std::isfinite(point.y))
-            refuse("--corners", text, "points are written \"x y; x y; x y; x y\"");
+            refuse(option, text, "points are written \"x y; x y; x y; x y\"");
         points.push_back(point);
     }
     return points;
@@ -100,6 +100,23 @@ vxproject::Layer * findLayer(vxproject::Project const & project, quint32 id, QSt
 
 vxproject::Clip * findClip(vxproject::Project const & project, quint32 id, QString const & path) {
     return orComplain(project.findClip(id), vxproject::clipKind(), project, id, path);
+}
+
+vxproject::Lens * findLens(vxproject::Project const & project, quint32 id, QString const & path) {
+    return orComplain(project.findLens(id), vxproject::lensKind(), project, id, path);
+}
+
+LensOnClip lensOnClip(vxproject::Project const & project, quint32 lensId, std::optional<long long> clip,
+                      QString const & path) {
+    LensOnClip found{findLens(project, lensId, path), nullptr};
+    if (!found.lens)
+        return found;
+    quint32 const clipId = clip ? idOf("--clip", *clip) : found.lens->camera.inputClipId.staticValue(Kyn::View());
+    if (!clip && clipId == 0)
+        complain(path + QStringLiteral(": lens %1 has no input clip; name one with --clip").arg(lensId));
+    else
+        found.clip = findClip(project, clipId, path);
+    return found;
 }
 
 } // namespace Tool

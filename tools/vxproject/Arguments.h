@@ -3,6 +3,7 @@
 #include "project/Clip.h"
 #include "project/FrameList.h"
 #include "project/Layer.h"
+#include "project/Lens.h"
 #include "project/PixelCoordinates.h"
 #include "project/Project.h"
 
@@ -20,13 +21,25 @@ Kyn::View viewOf(int id);
 /// "1920x1080"; nothing for an empty text.
 std::optional<vxproject::FrameSize> sizeOf(std::string const & text);
 /// "x y; x y; ..."
-std::vector<Gan_Vector2> pointsOf(std::string const & text);
+std::vector<Gan_Vector2> pointsOf(char const * option, std::string const & text);
 /// What project files number their items with: 0 to 4294967295.
 quint32 idOf(char const * option, long long id);
 
 /// The item of an id; null, and a message that names those that there are, if the project has none.
 vxproject::Layer * findLayer(vxproject::Project const & project, quint32 id, QString const & path);
 vxproject::Clip * findClip(vxproject::Project const & project, quint32 id, QString const & path);
+
+vxproject::Lens * findLens(vxproject::Project const & project, quint32 id, QString const & path);
+
+/// A lens and the clip whose pictures it is asked for.
+struct LensOnClip {
+    vxproject::Lens * lens = nullptr;
+    vxproject::Clip * clip = nullptr; ///< Null, and a message, if either is not there.
+};
+
+/// Without a clip's id, the lens's own input clip is taken.
+LensOnClip lensOnClip(vxproject::Project const & project, quint32 lensId, std::optional<long long> clip,
+                      QString const & path);
 
 inline QString textOf(std::string const & argument) {
     return QString::fromStdString(argument);

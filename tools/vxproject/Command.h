@@ -37,5 +37,11 @@ void addFilm(CLI::App & app, Run & chosen);
 void addPulldown(CLI::App & app, Run & chosen);
 void addTimecode(CLI::App & app, Run & chosen);
 void addLut(CLI::App & app, Run & chosen);
+void addWarp(CLI::App & app, Run & chosen);
+void addLens(CLI::App & app, Run & chosen);
+void addDistort(CLI::App & app, Run & chosen);
+void addUndistort(CLI::App & app, Run & chosen);
+void addStMap(CLI::App & app, Run & chosen);
+void addScene(CLI::App & app, Run & chosen);
 
 } // namespace Tool

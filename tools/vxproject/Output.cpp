@@ -130,4 +130,11 @@ void Table::finish() {
         print(anyRow_ ? QByteArray("]\n") : QByteArray("[]\n"));
 }
 
+QStringList pointColumns(std::size_t count) {
+    QStringList columns{QStringLiteral("frame")};
+    for (std::size_t i = 1; i <= count; ++i)
+        columns << QStringLiteral("x%1").arg(i) << QStringLiteral("y%1").arg(i);
+    return columns;
+}
+
 } // namespace Tool

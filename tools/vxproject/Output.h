@@ -73,6 +73,9 @@ private:
     bool anyRow_ = false;
 };
 
+/// "frame", and "x1", "y1" and so on for points.
+QStringList pointColumns(std::size_t count);
+
 nlohmann::ordered_json toJson(vxproject::ParameterValue const & value);
 
 } // namespace Tool

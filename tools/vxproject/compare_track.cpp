@@ -38,7 +38,7 @@ void printEach(vxproject::TrackTable const & measured, vxproject::TrackCompariso
 ExitCode compareTrack(Options const & options) {
     Kyn::View const view = viewOf(options.view);
     std::optional<vxproject::FrameSize> const size = sizeOf(options.size);
-    std::vector<Gan_Vector2> const points = pointsOf(options.corners);
+    std::vector<Gan_Vector2> const points = pointsOf("--corners", options.corners);
     quint32 const id = idOf("--layer", options.layer);
     QString const path = textOf(options.file);
     QString const tablePath = textOf(options.table);

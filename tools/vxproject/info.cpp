@@ -84,6 +84,8 @@ Footage footageOf(vxproject::Clip const & clip) {
     VX_ClipInfo const & source = clip.source;
     Footage footage{clip.picture.frameWidth,  clip.picture.frameHeight,  clip.picture.frameRate,
                     source.lengthForView({}), source.clipViews().size(), source.firstFileName()};
+    if (footage.firstFile == QLatin1String("/")) // Neither folder nor name.
+        footage.firstFile = QString();
     if (source.discreteFrames == VX_TRUE)
         footage.firstFile = source.discreteFramesList.isEmpty() ? QString() : source.discreteFramesList[0].fileName;
     return footage;
@@ -120,7 +122,9 @@ struct KindWords {
 
 std::vector<KindWords> const & kinds() {
     static std::vector<KindWords> const words = {{vxproject::clipKind(), "clip", "clips"},
-                                                 {vxproject::layerKind(), "layer", "layers"}};
+                                                 {vxproject::layerKind(), "layer", "layers"},
+                                                 {vxproject::lensKind(), "lens", "lenses"},
+                                                 {vxproject::sceneKind(), "scene", "scenes"}};
     return words;
 }
 

@@ -34,7 +34,8 @@ int main(int argc, char ** argv) {
     Tool::Run chosen;
     for (auto * add : {&Tool::addInfo, &Tool::addCheck, &Tool::addGet, &Tool::addTrack, &Tool::addImportTrack,
                        &Tool::addCompareTrack, &Tool::addFormat, &Tool::addFiles, &Tool::addFilm, &Tool::addPulldown,
-                       &Tool::addTimecode, &Tool::addLut})
+                       &Tool::addTimecode, &Tool::addLut, &Tool::addWarp, &Tool::addLens, &Tool::addUndistort,
+                       &Tool::addDistort, &Tool::addStMap, &Tool::addScene})
         add(app, chosen);
     try {
         app.parse(argc, argv);

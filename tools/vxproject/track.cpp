@@ -27,13 +27,6 @@ QStringList matrixColumns() {
     return columns;
 }
 
-QStringList pointColumns(std::size_t count) {
-    QStringList columns{QStringLiteral("frame")};
-    for (std::size_t i = 1; i <= count; ++i)
-        columns << QStringLiteral("x%1").arg(i) << QStringLiteral("y%1").arg(i);
-    return columns;
-}
-
 void addMatrix(Fields & fields, Gan_Matrix33 const & homography) {
     VX::detail::forEachElement(homography, [&](double element) { fields.push_back(element); });
 }
@@ -55,7 +48,7 @@ ExitCode track(Options const & options) {
     Kyn::View const view = viewOf(options.view);
     std::optional<vxproject::FrameSize> size = sizeOf(options.size);
     std::vector<Gan_Vector2> const points =
-        options.corners.empty() ? std::vector<Gan_Vector2>() : pointsOf(options.corners);
+        options.corners.empty() ? std::vector<Gan_Vector2>() : pointsOf("--corners", options.corners);
     quint32 const id = idOf("--layer", options.layer);
     QString const path = textOf(options.file);
     std::unique_ptr<vxproject::Project> const project = vxproject::Project::read(path);
