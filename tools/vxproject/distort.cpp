@@ -1,6 +1,6 @@
 #include "project/LayerWarp.h"
 #include "project/NumberText.h"
-#include "vxproject/Arguments.h"
+#include "vxproject/LensQuestion.h"
 #include "vxproject/Output.h"
 
 namespace Tool {
@@ -8,11 +8,8 @@ namespace Tool {
 namespace {
 
 struct Options {
-    std::string file;
-    long long lens = 0;
-    std::optional<long long> clip;
+    LensQuestion question;
     double frame = 0.0;
-    int view = 0;
     std::string points;
     bool json = false;
 };
@@ -21,27 +18,23 @@ struct Options {
 typedef std::optional<Gan_Vector2> (*Carry)(Gan_Camera const & camera, Gan_Vector2 const & pixel);
 
 ExitCode carryPoints(Options const & options, Carry carry) {
-    Kyn::View const view = viewOf(options.view);
     std::vector<Gan_Vector2> const points = pointsOf("--points", options.points);
-    quint32 const id = idOf("--lens", options.lens);
-    QString const path = textOf(options.file);
-    std::unique_ptr<vxproject::Project> const project = vxproject::Project::read(path);
-    ExitCode code = complainOf(project->findings(), path);
-    LensOnClip const found = lensOnClip(*project, id, options.clip, path);
-    if (!found.clip)
-        return EXIT_FINDINGS;
+    AskedLens const asked(options.question);
+    ExitCode code = asked.code();
+    if (!asked.isThere())
+        return code;
 
-    Kyn::Context const context(Kyn::Time(options.frame), view, Kyn::ProxyScale::FULL);
-    Gan_Camera const camera = vxproject::cameraAt(*found.lens, context, found.clip->picture);
+    Gan_Camera const camera = asked.cameraAt(options.frame);
     Table table(formOf(options.json), {QStringLiteral("x"), QStringLiteral("y")});
     for (Gan_Vector2 const & point : points) {
         std::optional<Gan_Vector2> const image = carry(camera, point);
-        table.row({image ? Field(image->x) : Field(), image ? Field(image->y) : Field()});
+        Gan_Vector2 const place = image.value_or(Gan_Vector2{0.0, 0.0});
+        table.row({fieldIf(image.has_value(), place.x), fieldIf(image.has_value(), place.y)});
         if (image)
             continue;
-        complain(path + QStringLiteral(": lens %1 takes %2 %3 nowhere: it lies beyond what the lens can show")
-                            .arg(id)
-                            .arg(vxproject::shortestText(point.x), vxproject::shortestText(point.y)));
+        complain(asked.path() + QStringLiteral(": lens %1 takes %2 %3 nowhere: it lies beyond what the lens can show")
+                                    .arg(asked.id())
+                                    .arg(vxproject::shortestText(point.x), vxproject::shortestText(point.y)));
         code = EXIT_FINDINGS;
     }
     table.finish();
@@ -55,13 +48,9 @@ void addCommand(CLI::App & app, Run & chosen, char const * name, char const * de
                                 "0.5. A row for each point,\n\"none\" for one beyond what the lens can show, and then "
                                 "exit code 1.\n\nExample:\n  vxproject ") +
                     name + " shot.vxp --lens 1 --frame 1 --points \"0 0; 1920 0\"");
-    command->add_option("FILE", options->file, "The project file")->required();
-    command->add_option("--lens", options->lens, "The lens's id")->required();
-    command->add_option("--clip", options->clip,
-                        "The id of the clip whose pictures it shows. Without it, the lens's own");
+    options->question.addTo(*command);
     command->add_option("--frame", options->frame, "The frame")->required();
     command->add_option("--points", options->points, "Points in pixels, \"x y; x y; ...\"")->required();
-    command->add_option("--view", options->view, "The view (0)");
     command->add_flag("--json", options->json, "Write JSON");
     command->callback([options, carry, &chosen] { chosen = [=] { return carryPoints(*options, carry); }; });
 }

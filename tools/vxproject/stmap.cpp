@@ -1,7 +1,7 @@
 #include "project/StMap.h"
 #include "project/LayerWarp.h"
 #include "project/TextFile.h"
-#include "vxproject/Arguments.h"
+#include "vxproject/LensQuestion.h"
 #include "vxproject/Output.h"
 
 namespace Tool {
@@ -9,40 +9,30 @@ namespace Tool {
 namespace {
 
 struct Options {
-    std::string file;
-    long long lens = 0;
-    std::optional<long long> clip;
+    LensQuestion question;
     double frame = 0.0;
-    int view = 0;
     std::string output;
     bool inverse = false;
 };
 
 ExitCode stmap(Options const & options) {
-    Kyn::View const view = viewOf(options.view);
-    quint32 const id = idOf("--lens", options.lens);
-    QString const path = textOf(options.file);
-    std::unique_ptr<vxproject::Project> const project = vxproject::Project::read(path);
-    ExitCode const code = complainOf(project->findings(), path);
-    LensOnClip const found = lensOnClip(*project, id, options.clip, path);
-    if (!found.clip)
+    AskedLens const asked(options.question);
+    std::optional<vxproject::FrameSize> const size = asked.isThere() ? asked.size() : std::nullopt;
+    if (!size)
         return EXIT_FINDINGS;
-    QSize const size = found.clip->picture.format().size;
-    if (size.isEmpty() || size.height() > vxproject::StMap::MOST_PIXELS / size.width()) {
-        complain(path + QStringLiteral(": a frame of %1x%2 makes no map").arg(size.width()).arg(size.height()));
+    if (size->height > vxproject::StMap::MOST_PIXELS / size->width) {
+        complain(asked.path() + QStringLiteral(": a frame of %1x%2 is too large").arg(size->width).arg(size->height));
         return EXIT_FINDINGS;
     }
 
-    Kyn::Context const context(Kyn::Time(options.frame), view, Kyn::ProxyScale::FULL);
-    Gan_Camera const camera = vxproject::cameraAt(*found.lens, context, found.clip->picture);
     vxproject::StMap const map =
-        vxproject::stMapOf(camera, {size.width(), size.height()},
+        vxproject::stMapOf(asked.cameraAt(options.frame), *size,
                            options.inverse ? vxproject::MapDirection::Inverse : vxproject::MapDirection::Direct);
     QString const output = textOf(options.output);
     vxproject::replaceFile(output, vxproject::exrOf(map));
-    print(output + QStringLiteral(": %1x%2").arg(size.width()).arg(size.height()));
+    print(output + QStringLiteral(": %1x%2").arg(size->width).arg(size->height));
     if (map.nowhere == 0)
-        return code;
+        return asked.code();
     complain(output + QStringLiteral(": the lens shows nothing at %1 pixels, which are -1 -1").arg(map.nowhere));
     return EXIT_FINDINGS;
 }
@@ -62,12 +52,9 @@ void addStMap(CLI::App & app, Run & chosen) {
     auto const options = std::make_shared<Options>();
     CLI::App * const command = app.add_subcommand("stmap", "Write a lens as a map image that other tools read");
     command->footer(FOOTER);
-    command->add_option("FILE", options->file, "The project file")->required();
-    command->add_option("--lens", options->lens, "The lens's id")->required();
-    command->add_option("--clip", options->clip, "The id of the clip whose size it has. Without it, the lens's own");
+    options->question.addTo(*command);
     command->add_option("--frame", options->frame, "The frame")->required();
     command->add_option("-o,--output", options->output, "The OpenEXR file, which is replaced")->required();
-    command->add_option("--view", options->view, "The view (0)");
     command->add_flag("--inverse", options->inverse, "The map that puts the distortion in");
     command->callback([options, &chosen] { chosen = [options] { return stmap(*options); }; });
 }
