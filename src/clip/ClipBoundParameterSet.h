@@ -2,6 +2,8 @@
 
 #include "parameter/kyn/ParameterSet.h"
 
+#include <initializer_list>
+
 namespace Kyn {
 template <class T>
 class Parameter;
@@ -29,6 +31,17 @@ public:
     /// One reference's part in that: a reference to `uiOldClip`, or any for 0, takes `uiNewClip`, or its default for 0.
     /// Only the default view is looked at. Sends ValueChanged where the reference changed.
     static void forgetClip(Kyn::Parameter<unsigned int> & parameter, unsigned int uiOldClip, unsigned int uiNewClip);
+
+protected:
+    /// What the copy constructor of a set does: copyMembers(), and what is hidden in the source is hidden in the copy
+    /// too, next to what a new set hides. Nested sets show what a new set shows.
+    void copySettings(ClipBoundParameterSet const & other);
+
+    typedef std::initializer_list<Kyn::Parameter<unsigned int> *> References;
+
+    /// What removeReferencesToClip() does with a set's references, in the order given: those that follow take the new
+    /// clip, the others, whose content was made from the old clip, are cleared whatever the new one is.
+    static void forgetClips(unsigned int uiOldClip, unsigned int uiNewClip, References following, References cleared);
 };
 
 } // namespace VX

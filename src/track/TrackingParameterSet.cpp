@@ -1,6 +1,7 @@
 #include "track/TrackingParameterSet.h"
 
 #include "parameter/Scaling.h"
+#include "parameter/kyn/ParameterPairs.h"
 
 #include <boost/make_shared.hpp>
 
@@ -12,13 +13,13 @@ struct TrackingDataMemento : public Tov::MementoBase {
     VX_TrackingParameterSet set;
 };
 
-struct Amount {
+struct PixelAmount {
     Kyn::NumericParameter<unsigned int> VX_TrackingParameterSet::*pixels;
     bool horizontal;
 };
 
 /// What follows a change of frame size.
-constexpr Amount AMOUNTS[] = {
+constexpr PixelAmount AMOUNTS[] = {
     {&VX_TrackingParameterSet::maxMotionX, true},
     {&VX_TrackingParameterSet::maxMotionY, false},
     {&VX_TrackingParameterSet::autoMaxMotionX, true},
@@ -28,11 +29,9 @@ constexpr Amount AMOUNTS[] = {
 };
 
 void takeHiddenFlags(VX_TrackingParameterSet & set, VX_TrackingParameterSet const & source) {
-    std::vector<bool> hidden;
-    source.forEachParameter([&](Kyn::ParameterWithoutType * parameter) { hidden.push_back(parameter->isHidden()); },
-                            false);
-    std::size_t at = 0;
-    set.forEachParameter([&](Kyn::ParameterWithoutType * parameter) { parameter->hide(hidden[at++]); }, false);
+    Kyn::forEachPair(set, source, [](Kyn::ParameterWithoutType & own, Kyn::ParameterWithoutType const & other) {
+        own.hide(other.isHidden());
+    });
 }
 
 } // namespace
@@ -74,17 +73,17 @@ void VX_TrackingParameterSet::init(Kyn::View const & view) {
 }
 
 void VX_TrackingParameterSet::rescale(float fXScale, float fYScale, Kyn::View const & view) {
-    for (Amount const & amount : AMOUNTS)
+    for (PixelAmount const & amount : AMOUNTS)
         Kyn::rescale(this->*amount.pixels, static_cast<double>(amount.horizontal ? fXScale : fYScale), view);
 }
 
 void VX_TrackingParameterSet::rescale(float fXScale, float fYScale) {
-    for (Amount const & amount : AMOUNTS)
+    for (PixelAmount const & amount : AMOUNTS)
         Kyn::rescale(this->*amount.pixels, static_cast<double>(amount.horizontal ? fXScale : fYScale));
 }
 
 void VX_TrackingParameterSet::removeReferencesToClip(unsigned int uiOldClip, unsigned int uiNewClip) {
-    forgetClip(inputClipId, uiOldClip, uiNewClip);
+    forgetClips(uiOldClip, uiNewClip, {&inputClipId}, {});
 }
 
 boost::shared_ptr<Tov::MementoBase> VX_TrackingParameterSet::exportState() const {

@@ -2,15 +2,17 @@
 
 #include "camera/HomographyParams.h"
 #include "clip/ClipBoundParameterSet.h"
+#include "clip/ParameterTable.h"
 #include "foundation/Strings.h"
-#include "parameter/NumericParameter.h"
 
 /// Everything the planar tracker needs for one layer, and its result: the settings of the search, the clip it reads and
 /// two keyed homographies, the track itself and the offset of a view against it. It does no tracking.
 ///
 /// This header is the set's table, in order of registration, which is the order of the script. Only the two
 /// homographies may differ from view to view.
-class VX_TrackingParameterSet : public VX::ClipBoundParameterSet, public Tov::MementoUndoable {
+class VX_TrackingParameterSet : public VX::ClipBoundParameterSet,
+                                public Tov::MementoUndoable,
+                                protected VX::ParameterTable {
 public:
     VX_DECLARE_TRANSLATION("VX_TrackingParameterSet")
 
@@ -32,32 +34,20 @@ public:
     boost::shared_ptr<Tov::MementoBase> exportState() const override;
     void importState(boost::shared_ptr<Tov::MementoBase> memento) override;
 
-private:
-    typedef Kyn::Parameter<unsigned int> ClipReference;
-    typedef Kyn::Parameter<bool> Flag;
-    typedef Kyn::NumericParameter<unsigned int> Pixels;
-    typedef Kyn::NumericParameter<double> Number;
-    static constexpr bool KEYED = true;
-    static constexpr bool STATIC = false;
-    static constexpr Kyn::Interpolation HELD = Kyn::INTERPOLATION_CONSTANT;
-    static constexpr Kyn::Interpolation LINEAR = Kyn::INTERPOLATION_LINEAR;
-    static constexpr Kyn::Extrapolation HOLD = Kyn::EXTRAPOLATION_CONSTANT;
-
-public:
     // clang-format off
     ClipReference inputClipId            {row("InputClipID").hidden(), STATIC, 0, HELD, HOLD};
-    Pixels autoMaxMotionX                {row("AutoMaxMotionX").hidden(), KEYED, 0, 0, 10000, LINEAR, HOLD};
-    Pixels autoMaxMotionY                {row("AutoMaxMotionY").hidden(), KEYED, 0, 0, 10000, LINEAR, HOLD};
-    Pixels interviewAutoMaxMotionX       {row("interviewAutoMaxMotionX").hidden(), KEYED, 0, 0, 10000, LINEAR, HOLD};
-    Pixels interviewAutoMaxMotionY       {row("interviewAutoMaxMotionY").hidden(), KEYED, 0, 0, 10000, LINEAR, HOLD};
-    Kyn::NumericParameter<float> smoothingLevel{row("SmoothingLevel").shown("Smoothing Level"), KEYED, 0.0f, 0.0f, 100.0f, LINEAR, HOLD};
-    Number minPercentagePixelUsage       {row("MinPercentagePixelUsage").shown("Min % Pixels Used"), KEYED, 50.0, 0.0, 100.0, LINEAR, HOLD};
+    Count autoMaxMotionX                 {row("AutoMaxMotionX").hidden(), KEYED, 0, 0, 10000, LINEAR, HOLD};
+    Count autoMaxMotionY                 {row("AutoMaxMotionY").hidden(), KEYED, 0, 0, 10000, LINEAR, HOLD};
+    Count interviewAutoMaxMotionX        {row("interviewAutoMaxMotionX").hidden(), KEYED, 0, 0, 10000, LINEAR, HOLD};
+    Count interviewAutoMaxMotionY        {row("interviewAutoMaxMotionY").hidden(), KEYED, 0, 0, 10000, LINEAR, HOLD};
+    Amount smoothingLevel                {row("SmoothingLevel").shown("Smoothing Level"), KEYED, 0.0f, 0.0f, 100.0f, LINEAR, HOLD};
+    Level minPercentagePixelUsage        {row("MinPercentagePixelUsage").shown("Min % Pixels Used"), KEYED, 50.0, 0.0, 100.0, LINEAR, HOLD};
     Flag applySearch                     {row("ApplySearch").hidden(), KEYED, true, HELD, HOLD};
     Flag manualTrack                     {row("ManualTrack").hidden(), STATIC, false, HELD, HOLD};
-    Number maxRotationAngle              {row("MaxRotationAngle").shown("Max Rotation Angle"), KEYED, 0.0, 0.0, 1000.0, LINEAR, HOLD};
-    Number maxZoomPercentage             {row("MaxZoomPercentage").shown("Max Zoom %"), KEYED, 0.0, 0.0, 1000.0, LINEAR, HOLD};
-    Pixels maxMotionX                    {row("MaxMotionX").shown("Max Motion X"), KEYED, 100, 0, 1000, LINEAR, HOLD};
-    Pixels maxMotionY                    {row("MaxMotionY").shown("Max Motion Y"), KEYED, 100, 0, 1000, LINEAR, HOLD};
+    Level maxRotationAngle               {row("MaxRotationAngle").shown("Max Rotation Angle"), KEYED, 0.0, 0.0, 1000.0, LINEAR, HOLD};
+    Level maxZoomPercentage              {row("MaxZoomPercentage").shown("Max Zoom %"), KEYED, 0.0, 0.0, 1000.0, LINEAR, HOLD};
+    Count maxMotionX                     {row("MaxMotionX").shown("Max Motion X"), KEYED, 100, 0, 1000, LINEAR, HOLD};
+    Count maxMotionY                     {row("MaxMotionY").shown("Max Motion Y"), KEYED, 100, 0, 1000, LINEAR, HOLD};
     Flag predictMaxMotionX               {row("PredictMaxMotionX").hidden(), KEYED, true, HELD, HOLD};
     Flag predictMaxMotionY               {row("PredictMaxMotionY").hidden(), KEYED, true, HELD, HOLD};
     Kyn::Parameter<_TrackModel> trackingModel{row("TrackingModel").hidden(), KEYED, TRACK_MODEL_AFFINE, HELD, HOLD};
