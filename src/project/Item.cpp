@@ -12,8 +12,11 @@ namespace vxproject {
 namespace {
 
 template <class Kind>
-std::unique_ptr<Item> make() {
-    return std::make_unique<Kind>();
+std::unique_ptr<Item> make(VX_BaseClipInfoContainer & clips, quint32 id) {
+    if constexpr (std::is_default_constructible_v<Kind>)
+        return std::make_unique<Kind>();
+    else
+        return std::make_unique<Kind>(clips, id);
 }
 
 /// The order is that of the file.

@@ -6,6 +6,8 @@
 #include <memory>
 #include <vector>
 
+class VX_BaseClipInfoContainer;
+
 namespace vxproject {
 
 /// What a project file calls by one key, such as "Layer[3]": a nameless root set, into which a kind of item nests the
@@ -34,7 +36,8 @@ public:
 struct ItemKind {
     char const * key;
     bool isNumbered;
-    std::unique_ptr<Item> (*make)();
+    /// The clips are those of the project, for sets that look clips up, and must outlive the item.
+    std::unique_ptr<Item> (*make)(VX_BaseClipInfoContainer & clips, quint32 id);
 };
 
 /// Names one item. Items are written by kind, in the order of the table of kinds, and then by id.

@@ -66,13 +66,27 @@ Item & Project::item(ItemKey const & key) {
     std::unique_ptr<Item> & item = items_[key];
     if (item)
         return *item;
-    item = key.kind->make();
+    putItem(key, key.kind->make(clips_, key.id));
+    return *item;
+}
+
+std::unique_ptr<Item> Project::takeItem(ItemKey const & key) {
+    auto const found = items_.find(key);
+    if (found == items_.end())
+        return nullptr;
+    std::unique_ptr<Item> taken = std::move(found->second);
+    items_.erase(found);
+    tree_.remove(*taken);
+    return taken;
+}
+
+void Project::putItem(ItemKey const & key, std::unique_ptr<Item> item) {
     tree_.add(*item, key.toString());
     if (auto * const lens = dynamic_cast<Lens *>(item.get()))
         lens->camera.imageLoader = [this](unsigned int id, Kyn::Context::Explicit context, int, int) {
             return mapOfClip(id, context);
         };
-    return *item;
+    items_[key] = std::move(item);
 }
 
 /// A still has one file for all times.

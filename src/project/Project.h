@@ -82,6 +82,10 @@ public:
     Item & item(ItemKey const & key);
     std::map<ItemKey, std::unique_ptr<Item>> const & items() const { return items_; }
 
+    /// Takes an item out of the project, and puts it back: for edits. Null if there is none; the place must be free.
+    std::unique_ptr<Item> takeItem(ItemKey const & key);
+    void putItem(ItemKey const & key, std::unique_ptr<Item> item);
+
     /// The item of an id, made if there is none yet.
     Clip & clip(quint32 id);
     Layer & layer(quint32 id);

@@ -115,15 +115,21 @@ TEST_F(Tool, check_lists_all_findings_and_other_commands_answer_beside_them) {
 TEST_F(Tool, info_says_what_there_is) {
     Answer const info = run({"info", project()});
     EXPECT_EQ(info.code, 0);
-    EXPECT_EQ(info.out, project() + ": 2 layers\n"
-                                    "Layer[1] \"screen, left\"\n"
-                                    "  跟踪: 36 parameters, 1 keyed, 2 keys, frames 1 to 5, views 0, 1\n"
-                                    "Layer[5] \"\"\n"
-                                    "  跟踪: 36 parameters, 0 keyed, view 0\n");
+    std::string const modules = "插入, 插入.ROI, 插入.Composite, 插入.Blur, 插入.Offset, 插入.Edge, 插入.Luminance, "
+                                "插入.ColourFilter, 移除, 稳定, Warper, Matte\n";
+    EXPECT_EQ(info.out, project() +
+                            ": 2 layers\n"
+                            "Layer[1] \"screen, left\"\n"
+                            "  跟踪: 36 parameters, 1 keyed, 2 keys, frames 1 to 5, views 0, 1\n"
+                            "  without keys: Basic, " +
+                            modules +
+                            "Layer[5] \"\"\n"
+                            "  without keys: Basic, 跟踪, " +
+                            modules);
     QJsonObject const layer =
         json(run({"info", project(), "--json"}).out).object().value(QStringLiteral("layers")).toArray()[0].toObject();
     EXPECT_EQ(layer.value(QStringLiteral("id")).toInt(), 1);
-    EXPECT_EQ(layer.value(QStringLiteral("sets")).toArray()[0].toObject().value(QStringLiteral("keys")).toInt(), 2);
+    EXPECT_EQ(layer.value(QStringLiteral("sets")).toArray()[1].toObject().value(QStringLiteral("keys")).toInt(), 2);
 }
 
 TEST_F(Tool, get_prints_columns_by_pattern_view_and_frame) {

@@ -154,7 +154,7 @@ TEST(ProjectFile, unknown_lines_and_comments_stay_in_their_places) {
                               "# before frame 5\n"
                               "Layer[1].跟踪.Scale.colour=red\n"
                               "Layer[1].跟踪.Scale.keyframes.append( Key( 5, 2, Linear ) )\n"
-                              "Layer[1].Basic.Active.value=1\n"
+                              "Layer[1].Basics.Active.value=1\n"
                               "Layer[1].跟踪.Scale.before=Constant\n"
                               "Layer[1].跟踪.Scale.after=Constant\n";
     EXPECT_NE(writtenBy(*projectOfLines(lines)).find("\n" + lines), std::string::npos);

@@ -43,5 +43,11 @@ void addDistort(CLI::App & app, Run & chosen);
 void addUndistort(CLI::App & app, Run & chosen);
 void addStMap(CLI::App & app, Run & chosen);
 void addScene(CLI::App & app, Run & chosen);
+void addSet(CLI::App & app, Run & chosen);
+void addKey(CLI::App & app, Run & chosen);
+void addRescale(CLI::App & app, Run & chosen);
+void addReplaceClip(CLI::App & app, Run & chosen);
+void addRemoveClip(CLI::App & app, Run & chosen);
+void addSchema(CLI::App & app, Run & chosen);
 
 } // namespace Tool

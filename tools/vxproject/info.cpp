@@ -148,23 +148,35 @@ QString footageText(Footage const & footage) {
     return footage.firstFile.isNull() ? text : text + QStringLiteral(", from ") + footage.firstFile;
 }
 
+QString keysText(SetSummary const & set) {
+    return QStringLiteral("  %1: %2, %3 keyed, %4, frames %5 to %6, %7")
+        .arg(set.name, counted(set.parameters, "parameter", "parameters"))
+        .arg(set.keyed)
+        .arg(counted(set.keys, "key", "keys"), vxproject::shortestText(set.firstKey),
+             vxproject::shortestText(set.lastKey), viewsText(set.views));
+}
+
+/// Sets without keys are many, and there is little to say of them.
+QString othersText(std::vector<SetSummary> const & sets) {
+    QStringList names;
+    for (SetSummary const & set : sets)
+        if (set.keys == 0)
+            names.append(set.name);
+    return names.isEmpty() ? QString() : QStringLiteral("  without keys: ") + names.join(QLatin1String(", "));
+}
+
 void printText(std::vector<ItemSummary> const & items, QString const & path) {
     print(path + QStringLiteral(": ") + countsText(items));
     for (ItemSummary const & item : items) {
         print(item.key.toString() + QStringLiteral(" \"%1\"").arg(item.name));
         if (item.footage)
             print(footageText(*item.footage));
-        for (SetSummary const & set : item.sets) {
-            QString text = QStringLiteral("  %1: %2, %3 keyed")
-                               .arg(set.name)
-                               .arg(counted(set.parameters, "parameter", "parameters"))
-                               .arg(set.keyed);
+        for (SetSummary const & set : item.sets)
             if (set.keys > 0)
-                text += QStringLiteral(", %1, frames %2 to %3")
-                            .arg(counted(set.keys, "key", "keys"), vxproject::shortestText(set.firstKey),
-                                 vxproject::shortestText(set.lastKey));
-            print(set.views.empty() ? text : text + QStringLiteral(", ") + viewsText(set.views));
-        }
+                print(keysText(set));
+        QString const others = othersText(item.sets);
+        if (!others.isEmpty())
+            print(others);
     }
 }
 

@@ -6,7 +6,9 @@
 
 namespace {
 
-constexpr char DESCRIPTION[] = "Looks into project files, puts measured tracks into them, and answers what footage is.";
+constexpr char DESCRIPTION[] =
+    "Looks into project files, changes them, puts measured tracks into them, and answers what\n"
+    "footage and lenses are.";
 constexpr char FOOTER[] = "\nA parameter's path is its path in the file, such as \"Layer[1].跟踪.Translation X\".\n"
                           "Exit code: 0 done; 1 findings, or a query without an answer; 2 bad usage, or a file that\n"
                           "cannot be read or written.";
@@ -32,10 +34,12 @@ int main(int argc, char ** argv) {
     app.footer(FOOTER);
     app.require_subcommand(1);
     Tool::Run chosen;
-    for (auto * add : {&Tool::addInfo, &Tool::addCheck, &Tool::addGet, &Tool::addTrack, &Tool::addImportTrack,
-                       &Tool::addCompareTrack, &Tool::addFormat, &Tool::addFiles, &Tool::addFilm, &Tool::addPulldown,
-                       &Tool::addTimecode, &Tool::addLut, &Tool::addWarp, &Tool::addLens, &Tool::addUndistort,
-                       &Tool::addDistort, &Tool::addStMap, &Tool::addScene})
+    for (auto * add :
+         {&Tool::addInfo,         &Tool::addCheck,       &Tool::addGet,        &Tool::addTrack, &Tool::addImportTrack,
+          &Tool::addCompareTrack, &Tool::addFormat,      &Tool::addFiles,      &Tool::addFilm,  &Tool::addPulldown,
+          &Tool::addTimecode,     &Tool::addLut,         &Tool::addWarp,       &Tool::addLens,  &Tool::addUndistort,
+          &Tool::addDistort,      &Tool::addStMap,       &Tool::addScene,      &Tool::addSet,   &Tool::addKey,
+          &Tool::addRescale,      &Tool::addReplaceClip, &Tool::addRemoveClip, &Tool::addSchema})
         add(app, chosen);
     try {
         app.parse(argc, argv);
