@@ -55,11 +55,6 @@ std::optional<Gan_Vector2> through(Gan_Camera const & from, Gan_Camera const & t
     return Gan_Vector2{point.x, point.y};
 }
 
-/// Whether pixels can be told from rays: not without a film back or a focal distance.
-bool isUsable(Gan_Camera const & camera) {
-    return std::isfinite(camera.fx) && std::isfinite(camera.fy) && camera.fx != 0.0 && camera.fy != 0.0;
-}
-
 Gan_Camera withoutDistortion(Gan_Camera camera) {
     camera.type = GAN_CAMERA_LINEAR;
     gan_camera_internalize(&camera);
@@ -81,6 +76,10 @@ Gan_Camera undistortedCamera(FrameSize const & size) {
 
 Gan_Camera cameraAt(Lens const & lens, Kyn::Context const & context, VX_BaseClipInfo const & picture) {
     return lens.camera.getCamera(context, picture);
+}
+
+bool isUsable(Gan_Camera const & camera) {
+    return std::isfinite(camera.fx) && std::isfinite(camera.fy) && camera.fx != 0.0 && camera.fy != 0.0;
 }
 
 std::optional<Gan_Vector2> distorted(Gan_Camera const & camera, Gan_Vector2 const & pixel) {

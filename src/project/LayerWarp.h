@@ -39,6 +39,9 @@ Gan_Camera undistortedCamera(FrameSize const & size);
 /// The lens at a context, for the pictures of a clip.
 Gan_Camera cameraAt(Lens const & lens, Kyn::Context const & context, VX_BaseClipInfo const & picture);
 
+/// Whether pixels can be told from rays: not without a film back, a frame or a focal distance.
+bool isUsable(Gan_Camera const & camera);
+
 /// Where a lens alone takes a pixel of the picture as it would be without distortion, or from where. Nothing for a point
 /// that it takes nowhere.
 std::optional<Gan_Vector2> distorted(Gan_Camera const & camera, Gan_Vector2 const & pixel);

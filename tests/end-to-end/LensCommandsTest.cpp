@@ -49,9 +49,10 @@ TEST_F(LensTool, warp_moves_in_the_undistorted_picture_and_back) {
     Answer const back = run({"warp", file, "--layer", "1", "--frames", "10", "--points", "399.375 240", "--inverse"});
     EXPECT_EQ(back.code, 0);
     EXPECT_NEAR(std::stod(back.out.substr(std::string("frame,x1,y1\n10,").size())), 320.0, 1e-9);
-    Answer const beyond = run({"warp", file, "--layer", "1", "--frames", "10", "--points", "9000 240"});
+    Answer const beyond = run({"warp", file, "--layer", "1", "--frames", "10", "--points", "9000 240; 320 240"});
     EXPECT_EQ(beyond.code, 1);
-    EXPECT_NE(beyond.err.find("layer 1 has no answer at frame 10"), std::string::npos) << beyond.err;
+    EXPECT_EQ(beyond.out, "frame,x1,y1,x2,y2\n10,none,none,399.375,240\n");
+    EXPECT_NE(beyond.err.find("layer 1 has no answer at frame 10: 9000 240 goes"), std::string::npos) << beyond.err;
     EXPECT_EQ(run({"warp", file, "--layer", "1", "--frames", "10", "--points", "1"}).code, 2);
 }
 
@@ -69,6 +70,20 @@ TEST_F(LensTool, lens_prints_the_camera_of_the_clip) {
     EXPECT_EQ(run({"lens", file, "--lens", "2", "--clip", "1", "--frames", "7"}).code, 0);
     EXPECT_NE(run({"lens", file, "--lens", "3", "--frames", "7"}).err.find("those that there are: 1, 2"),
               std::string::npos);
+}
+
+TEST_F(LensTool, a_clip_without_a_film_back_makes_no_camera) {
+    std::string const file = write("q.vxp", "vxproject 2\n"
+                                            "Clip[1].Picture.Core.FrameWidth.value=640\n"
+                                            "Clip[1].Picture.Core.FrameHeight.value=480\n"
+                                            "Lens[1].Camera.InputClipID.value=1\n");
+    std::string const why = ": lens 1 makes no camera at frame 7: its clip has no film back or no size\n";
+    Answer const lens = run({"lens", file, "--lens", "1", "--frames", "7"});
+    EXPECT_EQ(lens.code, 1);
+    EXPECT_EQ(lens.err, file + why);
+    Answer const point = run({"distort", file, "--lens", "1", "--frame", "7", "--points", "1 2"});
+    EXPECT_EQ(point.code, 1);
+    EXPECT_EQ(point.out, "x,y\nnone,none\n");
 }
 
 TEST_F(LensTool, stmap_writes_an_image_and_says_where_the_lens_shows_nothing) {

@@ -1,6 +1,7 @@
 #include "vxproject/LensQuestion.h"
 
 #include "project/LayerWarp.h"
+#include "project/NumberText.h"
 #include "vxproject/Output.h"
 
 namespace Tool {
@@ -20,9 +21,16 @@ AskedLens::AskedLens(LensQuestion const & question)
       code_(complainOf(project_->findings(), path_)),
       found_(lensOnClip(*project_, id_, question.clip, path_)) {}
 
-Gan_Camera AskedLens::cameraAt(double frame) const {
+Gan_Camera AskedLens::cameraAt(double frame) {
     Kyn::Context const context(Kyn::Time(frame), view_, Kyn::ProxyScale::FULL);
-    return vxproject::cameraAt(*found_.lens, context, found_.clip->picture);
+    Gan_Camera const camera = vxproject::cameraAt(*found_.lens, context, found_.clip->picture);
+    if (!vxproject::isUsable(camera)) {
+        complain(path_ + QStringLiteral(": lens %1 makes no camera at frame %2: its clip has no film back or no size")
+                             .arg(id_)
+                             .arg(vxproject::shortestText(frame)));
+        code_ = EXIT_FINDINGS;
+    }
+    return camera;
 }
 
 std::optional<vxproject::FrameSize> AskedLens::size() const {

@@ -28,7 +28,8 @@ public:
     QString const & path() const { return path_; }
     quint32 id() const { return id_; }
 
-    Gan_Camera cameraAt(double frame) const;
+    /// Says so if the clip makes no camera of the lens.
+    Gan_Camera cameraAt(double frame);
     /// The size of the clip's pictures; nothing, and a message, if they have none.
     std::optional<vxproject::FrameSize> size() const;
 

@@ -19,7 +19,7 @@ typedef std::optional<Gan_Vector2> (*Carry)(Gan_Camera const & camera, Gan_Vecto
 
 ExitCode carryPoints(Options const & options, Carry carry) {
     std::vector<Gan_Vector2> const points = pointsOf("--points", options.points);
-    AskedLens const asked(options.question);
+    AskedLens asked(options.question);
     ExitCode code = asked.code();
     if (!asked.isThere())
         return code;
@@ -38,7 +38,7 @@ ExitCode carryPoints(Options const & options, Carry carry) {
         code = EXIT_FINDINGS;
     }
     table.finish();
-    return code;
+    return std::max(code, asked.code());
 }
 
 void addCommand(CLI::App & app, Run & chosen, char const * name, char const * description, Carry carry) {

@@ -14,7 +14,7 @@ struct Options {
     bool json = false;
 };
 
-ExitCode drawGrid(AskedLens const & lens, double frame, QString const & output) {
+ExitCode drawGrid(AskedLens & lens, double frame, QString const & output) {
     std::optional<vxproject::FrameSize> const size = lens.size();
     if (!size)
         return EXIT_FINDINGS;
@@ -24,7 +24,7 @@ ExitCode drawGrid(AskedLens const & lens, double frame, QString const & output) 
 
 ExitCode lens(Options const & options) {
     vxproject::FrameList const frames = framesOf(options.frames);
-    AskedLens const asked(options.question);
+    AskedLens asked(options.question);
     ExitCode code = asked.code();
     if (!asked.isThere())
         return code;
@@ -45,7 +45,7 @@ ExitCode lens(Options const & options) {
         table.row(fields);
     });
     table.finish();
-    return code;
+    return std::max(code, asked.code());
 }
 
 std::string footer() {

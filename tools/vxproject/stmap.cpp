@@ -16,7 +16,7 @@ struct Options {
 };
 
 ExitCode stmap(Options const & options) {
-    AskedLens const asked(options.question);
+    AskedLens asked(options.question);
     std::optional<vxproject::FrameSize> const size = asked.isThere() ? asked.size() : std::nullopt;
     if (!size)
         return EXIT_FINDINGS;

@@ -18,17 +18,19 @@ struct Options {
     bool json = false;
 };
 
-/// False if a point goes nowhere.
-bool addPoints(Fields & fields, vxproject::LayerWarp const & warp, std::vector<Gan_Vector2> const & points,
-               bool inverse) {
+/// Where each point goes, and as texts those that go nowhere.
+QStringList addPoints(Fields & fields, vxproject::LayerWarp const & warp, std::vector<Gan_Vector2> const & points,
+                      bool inverse) {
+    QStringList lost;
     for (Gan_Vector2 const & point : points) {
         std::optional<Gan_Vector2> const image = inverse ? warp.unwarp(point) : warp.warp(point);
+        Gan_Vector2 const place = image.value_or(Gan_Vector2{0.0, 0.0});
+        fields.push_back(fieldIf(image.has_value(), place.x));
+        fields.push_back(fieldIf(image.has_value(), place.y));
         if (!image)
-            return false;
-        fields.push_back(image->x);
-        fields.push_back(image->y);
+            lost.append(vxproject::shortestText(point.x) + QLatin1Char(' ') + vxproject::shortestText(point.y));
     }
-    return true;
+    return lost;
 }
 
 ExitCode warp(Options const & options) {
@@ -52,16 +54,20 @@ ExitCode warp(Options const & options) {
     frames.forEach([&](double frame) {
         Kyn::Context const context(Kyn::Time(frame), view, Kyn::ProxyScale::FULL);
         std::optional<vxproject::LayerWarp> const found = vxproject::LayerWarp::at(*project, *layer, context, size);
-        Fields fields{frame};
-        if (found && addPoints(fields, *found, points, options.inverse)) {
+        QString why = QStringLiteral("its values make no homography, or its lens no camera for the clip's film back "
+                                     "and size");
+        if (found) {
+            Fields fields{frame};
+            QStringList const lost = addPoints(fields, *found, points, options.inverse);
             table.row(fields);
-            return;
+            if (lost.isEmpty())
+                return;
+            why = lost.join(QLatin1String("; ")) +
+                  QStringLiteral(" goes to infinity, or lies beyond what the lens can show");
         }
-        complain(path +
-                 QStringLiteral(": layer %1 has no answer at frame %2: ").arg(id).arg(vxproject::shortestText(frame)) +
-                 (found ? QStringLiteral("a point goes to infinity, or lies beyond what the lens can show")
-                        : QStringLiteral("its values make no homography, or its lens no camera for the clip's film "
-                                         "back and size")));
+        complain(path + QStringLiteral(": layer %1 has no answer at frame %2: %3")
+                            .arg(id)
+                            .arg(vxproject::shortestText(frame), why));
         code = EXIT_FINDINGS;
     });
     table.finish();
@@ -71,7 +77,8 @@ ExitCode warp(Options const & options) {
 constexpr char FOOTER[] =
     "\nA point goes out of the lens of the layer's clip, along with the track, and into the lens again; without a\n"
     "lens, with the track alone. Pixels count as the track's do, y down. The clip is the one that the layer's\n"
-    "InputClipID names, its lens the first whose InputClipID names it.\n"
+    "InputClipID names, its lens the first whose InputClipID names it. A point that goes nowhere is \"none\" (null in\n"
+    "JSON), and the exit code is then 1.\n"
     "\nExamples:\n"
     "  vxproject warp shot.vxp --layer 1 --frames 1-100 --points \"100 200; 300 200\"\n"
     "  vxproject warp shot.vxp --layer 1 --frames 50 --points \"100 200\" --inverse";
