@@ -153,7 +153,7 @@ void Reader::readItemLine(QStringView line, Item & item, qsizetype keyLength) {
     QString const rest = line.mid(keyLength > 0 ? keyLength : line.indexOf(QLatin1Char('.')) + 1).toString();
     if (!target.member) {
         // Old names, and the frames of a discrete clip, are taken without there being a member.
-        if (!item.bStreamIn(rest, version_)) {
+        if (target.isRefused || !item.bStreamIn(rest, version_)) {
             keep(line, &item, {target.missing});
         } else if (!waiting_.isEmpty()) {
             waitingOf_[&item] += waiting_;
@@ -194,13 +194,18 @@ void Reader::findTarget(QStringView line, Item & item, qsizetype keyLength) {
         last_.member = dot < 0 ? nullptr : set->findMember(wanted);
         Kyn::ParameterSet const * const nested = dot < 0 || last_.member ? nullptr : set->findSet(wanted);
         if (!last_.member && !nested) {
-            bool const isFrame = dynamic_cast<VX_ClipInfo const *>(set) &&
-                                 name.compare(QLatin1String("Frames"), Qt::CaseInsensitive) == 0;
-            last_.missing =
-                isFrame
-                    ? quoted(line.mid(start)) + QStringLiteral(" reads as no frame, which is written Frames.keyframes."
-                                                               "append( DiscreteFrame( FILE, FRAME, VIEW ) )")
-                    : QStringLiteral("%1 has no parameter %2").arg(quoted(line.left(start - 1)), quoted(name));
+            auto const * const source = dynamic_cast<VX_ClipInfo const *>(set);
+            bool const isFrame = source && name.compare(QLatin1String("Frames"), Qt::CaseInsensitive) == 0;
+            last_.isRefused = isFrame && source->discreteFrames != VX_TRUE; // It would not be written again.
+            if (last_.isRefused)
+                last_.missing = quoted(line.mid(start)) + QStringLiteral(" is for clips whose DiscreteFrames is 1");
+            else if (isFrame)
+                last_.missing = quoted(line.mid(start)) +
+                                QStringLiteral(" reads as no frame, which is written Frames.keyframes.append( "
+                                               "DiscreteFrame( FILE, FRAME, VIEW ) )");
+            else
+                last_.missing =
+                    QStringLiteral("%1 has no parameter %2").arg(quoted(line.left(start - 1)), quoted(name));
             return;
         }
         set = nested;

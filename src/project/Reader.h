@@ -24,6 +24,7 @@ private:
         Item * item = nullptr;
         Kyn::BasicParameter * member = nullptr; ///< Null if there is none of that name.
         QString missing;                        ///< What was not found, then.
+        bool isRefused = false;                 ///< The item would take the line, and lose it.
         QString opening;                        ///< Of the member's lines in the file, the last "." included.
         LineCheck * check = nullptr;            ///< Null for a member that is no typed parameter.
     };
