@@ -21,19 +21,19 @@ double microseconds(std::function<void()> const & call) {
     return taken.count() / CALLS;
 }
 
-/// A line of commas, blanks and calls that come to nothing, but for the last; a character is an item.
+/// A line of commas, blanks and calls, none of which comes to anything, so that all of it is looked at; a character is
+/// an item.
 Bench::Setup reading(qsizetype length) {
     return [length] {
         QString name;
         while (name.size() < length)
             name += QLatin1String("DiscreteFrame( a, 12, b ");
         auto const line = std::make_shared<QString>(
-            QStringLiteral("Frames.keyframes.append( DiscreteFrame( %1, 12, 1 ) )").arg(name));
+            QStringLiteral("Frames.keyframes.append( DiscreteFrame( %1, 12, b ) )").arg(name));
         auto const clip = std::make_shared<VX_ClipInfo>();
         Kyn::StreamVersion const version(Kyn::StreamVersion::anyViewList);
         return [=] {
             benchmark::DoNotOptimize(clip->bStreamIn(*line, version));
-            clip->discreteFramesList.clear();
             return std::int64_t(line->size());
         };
     };
@@ -48,7 +48,7 @@ bool const registered = [] {
         return microseconds(
             [] { benchmark::DoNotOptimize(VX_FilmTypeFactory::bestMatchForPAR(7.0, QSize(1920, 1035), false)); });
     });
-    Bench::compare("clip/discrete frame: a character of 1 MB over one of 16 KB", 2.0, reading(1 << 20),
+    Bench::compare("clip/discrete frame: a character of 1 MB over one of 16 KB", 1.5, reading(1 << 20),
                    reading(1 << 14));
     return true;
 }();
