@@ -1,21 +1,15 @@
 #include "camera/CameraParameterSet.h"
 
 #include "foundation/Strings.h"
+#include "parameter/kyn/ParameterPairs.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace {
 
 template <class T>
 void add(Tov::Hash & hash, T const & value) {
     hash.update(&value, sizeof value);
-}
-
-std::vector<Kyn::ParameterWithoutType *> membersOf(VX_CameraParameterSet const & set) {
-    std::vector<Kyn::ParameterWithoutType *> members;
-    set.forEachParameter([&](Kyn::ParameterWithoutType * parameter) { members.push_back(parameter); }, false);
-    return members;
 }
 
 } // namespace
@@ -26,12 +20,7 @@ VX_CameraParameterSet::VX_CameraParameterSet()
 VX_CameraParameterSet::VX_CameraParameterSet(VX_CameraParameterSet const & other)
     : VX::ClipBoundParameterSet(QString::fromUtf8(VX::Strings::ModuleName::CAMERA), nullptr),
       lineParameters(other.lineParameters) {
-    copyMembers(other);
-    // Of the hidden flags only one is the set's own; the others come from the parameters that were copied.
-    std::vector<Kyn::ParameterWithoutType *> const own = membersOf(*this);
-    std::vector<Kyn::ParameterWithoutType *> const source = membersOf(other);
-    for (std::size_t i = 0; i < own.size(); ++i)
-        own[i]->hide(own[i] == &focalDistance || source[i]->isHidden());
+    copySettings(other);
     // Records are handed out as pointers: shared until somebody writes, they would change hands.
     lineParameters.detach();
 }
@@ -40,11 +29,10 @@ VX_CameraParameterSet & VX_CameraParameterSet::operator=(VX_CameraParameterSet c
     if (this == &other)
         return *this;
     VX::ClipBoundParameterSet::operator=(other);
-    std::vector<Kyn::ParameterWithoutType *> const own = membersOf(*this);
-    std::vector<Kyn::ParameterWithoutType *> const source = membersOf(other);
-    for (std::size_t i = 0; i < own.size(); ++i)
-        if (!bIsKeptOnAssignment(*own[i]))
-            own[i]->assignFrom(*source[i]);
+    Kyn::forEachPair(*this, other, [this](Kyn::ParameterWithoutType & own, Kyn::ParameterWithoutType const & source) {
+        if (!bIsKeptOnAssignment(own))
+            own.assignFrom(source);
+    });
     lineParameters = other.lineParameters;
     lineParameters.detach();
     setDisplayName(other.displayName(), other.shortDisplayName());
@@ -111,10 +99,10 @@ void VX_CameraParameterSet::takeFingerprint(Kyn::Context::Explicit const & conte
     add(hash, clip.interlaceMode);
     add(hash, clip.aspectRatio);
     add(hash, clip.pixelAspectRatio);
-    for (Number const * number : {&focalDistance, &imageCentreX, &imageCentreY})
+    for (Amount const * number : {&focalDistance, &imageCentreX, &imageCentreY})
         add(hash, number->value(context));
     add(hash, distortionActive.value(context));
-    for (Number const * number : {&radialK1, &radialK2, &cxx, &cxy, &cyx, &cyy})
+    for (Amount const * number : {&radialK1, &radialK2, &cxx, &cxy, &cyx, &cyy})
         add(hash, number->value(context));
     if (eType == GAN_CAMERA_DISTORTION_MAP && imageLoader) {
         // By its pointer: an image that was loaded again is a lens that has changed.
@@ -157,8 +145,6 @@ VX_LineParameters * VX_CameraParameterSet::getLineParameters(unsigned int uiFram
 }
 
 void VX_CameraParameterSet::removeReferencesToClip(unsigned int uiOldClip, unsigned int uiNewClip) {
-    for (ClipReference * clip : {&inputClipId, &calibrationClipId})
-        forgetClip(*clip, uiOldClip, uiNewClip);
-    for (ClipReference * clip : {&undistortedClipId, &distortedClipId, &directSTMapClipId, &inverseSTMapClipId})
-        forgetClip(*clip, uiOldClip, 0);
+    forgetClips(uiOldClip, uiNewClip, {&inputClipId, &calibrationClipId},
+                {&undistortedClipId, &distortedClipId, &directSTMapClipId, &inverseSTMapClipId});
 }

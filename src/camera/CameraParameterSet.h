@@ -4,7 +4,7 @@
 #include "camera/LineParameters.h"
 #include "clip/BaseClipInfo.h"
 #include "clip/ClipBoundParameterSet.h"
-#include "parameter/NumericParameter.h"
+#include "clip/ParameterTable.h"
 #include "parameter/kyn/Context.h"
 #include "parameter/tov/Hash.h"
 
@@ -19,7 +19,7 @@
 /// application's solver. No parameter differs from view to view.
 ///
 /// This header is the set's table, in order of registration, which is the order of the script.
-class VX_CameraParameterSet : public VX::ClipBoundParameterSet {
+class VX_CameraParameterSet : public VX::ClipBoundParameterSet, protected VX::ParameterTable {
 public:
     VX_CameraParameterSet();
     /// Takes over all values, keys and lines; names and limits of the parameters as well. The set's own names are those
@@ -59,19 +59,6 @@ public:
     /// the lens are only ever forgotten.
     void removeReferencesToClip(unsigned int uiOldClip, unsigned int uiNewClip) override;
 
-private:
-    typedef Kyn::Parameter<unsigned int> ClipReference;
-    typedef Kyn::Parameter<bool> Flag;
-    typedef Kyn::NumericParameter<float> Number;
-    typedef Kyn::Parameter<double> SceneValue;
-    static constexpr bool KEYED = true;
-    static constexpr bool STATIC = false;
-    static constexpr Kyn::Interpolation HELD = Kyn::INTERPOLATION_CONSTANT;
-    static constexpr Kyn::Interpolation LINEAR = Kyn::INTERPOLATION_LINEAR;
-    static constexpr Kyn::Extrapolation HOLD = Kyn::EXTRAPOLATION_CONSTANT;
-    static constexpr Kyn::Extrapolation GO_ON = Kyn::EXTRAPOLATION_LINEAR;
-
-public:
     // clang-format off
     ClipReference inputClipId            {row("InputClipID"), STATIC, 0, HELD, HOLD};
     ClipReference calibrationClipId      {row("CalibrationClipID"), STATIC, 0, HELD, HOLD};
@@ -80,26 +67,26 @@ public:
     ClipReference directSTMapClipId      {row("directSTMapClipID"), STATIC, 0, HELD, HOLD};
     ClipReference inverseSTMapClipId     {row("inverseSTMapClipID"), STATIC, 0, HELD, HOLD};
     Kyn::Parameter<Gan_CameraType> type  {row("Type"), STATIC, GAN_CAMERA_LINEAR, HELD, HOLD};
-    Number focalDistance                 {row("FocalDistance").hidden(), KEYED, 25.0f, 0.001f, 10000000.0f, LINEAR, GO_ON};
-    Number imageCentreX                  {row("ImageCentreX"), KEYED, 0.5f, -10.0f, 10.0f, LINEAR, GO_ON};
-    Number imageCentreY                  {row("ImageCentreY"), KEYED, 0.5f, -10.0f, 10.0f, LINEAR, GO_ON};
+    Amount focalDistance                 {row("FocalDistance").hidden(), KEYED, 25.0f, 0.001f, 10000000.0f, LINEAR, GO_ON};
+    Amount imageCentreX                  {row("ImageCentreX"), KEYED, 0.5f, -10.0f, 10.0f, LINEAR, GO_ON};
+    Amount imageCentreY                  {row("ImageCentreY"), KEYED, 0.5f, -10.0f, 10.0f, LINEAR, GO_ON};
     Flag applyDistortion                 {row("ApplyDistortion"), STATIC, false, HELD, HOLD};
     Flag distortionActive                {row("DistortionActive"), STATIC, true, HELD, HOLD};
-    Number radialK1                      {row("RadialK1"), KEYED, 0.0f, -100.0f, 100.0f, LINEAR, GO_ON};
-    Number radialK2                      {row("RadialK2"), KEYED, 0.0f, -100.0f, 100.0f, LINEAR, GO_ON};
-    Number cxx                           {row("CXX"), KEYED, 0.0f, -100.0f, 100.0f, LINEAR, GO_ON};
-    Number cxy                           {row("CXY"), KEYED, 0.0f, -100.0f, 100.0f, LINEAR, GO_ON};
-    Number cyx                           {row("CYX"), KEYED, 0.0f, -100.0f, 100.0f, LINEAR, GO_ON};
-    Number cyy                           {row("CYY"), KEYED, 0.0f, -100.0f, 100.0f, LINEAR, GO_ON};
+    Amount radialK1                      {row("RadialK1"), KEYED, 0.0f, -100.0f, 100.0f, LINEAR, GO_ON};
+    Amount radialK2                      {row("RadialK2"), KEYED, 0.0f, -100.0f, 100.0f, LINEAR, GO_ON};
+    Amount cxx                           {row("CXX"), KEYED, 0.0f, -100.0f, 100.0f, LINEAR, GO_ON};
+    Amount cxy                           {row("CXY"), KEYED, 0.0f, -100.0f, 100.0f, LINEAR, GO_ON};
+    Amount cyx                           {row("CYX"), KEYED, 0.0f, -100.0f, 100.0f, LINEAR, GO_ON};
+    Amount cyy                           {row("CYY"), KEYED, 0.0f, -100.0f, 100.0f, LINEAR, GO_ON};
     // Held between keys, unlike the values of a VX::HomographyParams.
-    SceneValue sceneToCameraTranslationX {row("SceneToCamera Translation X"), KEYED, 0.0, HELD, HOLD};
-    SceneValue sceneToCameraTranslationY {row("SceneToCamera Translation Y"), KEYED, 0.0, HELD, HOLD};
-    SceneValue sceneToCameraRotation     {row("SceneToCamera Rotation"), KEYED, 0.0, HELD, HOLD};
-    SceneValue sceneToCameraScale        {row("SceneToCamera Scale"), KEYED, 1.0, HELD, HOLD};
-    SceneValue sceneToCameraShearX       {row("SceneToCamera Shear X"), KEYED, 0.0, HELD, HOLD};
-    SceneValue sceneToCameraShearY       {row("SceneToCamera Shear Y"), KEYED, 1.0, HELD, HOLD};
-    SceneValue sceneToCameraPerspectiveX {row("SceneToCamera Perspective X"), KEYED, 0.0, HELD, HOLD};
-    SceneValue sceneToCameraPerspectiveY {row("SceneToCamera Perspective Y"), KEYED, 0.0, HELD, HOLD};
+    Constant   sceneToCameraTranslationX {row("SceneToCamera Translation X"), KEYED, 0.0, HELD, HOLD};
+    Constant   sceneToCameraTranslationY {row("SceneToCamera Translation Y"), KEYED, 0.0, HELD, HOLD};
+    Constant   sceneToCameraRotation     {row("SceneToCamera Rotation"), KEYED, 0.0, HELD, HOLD};
+    Constant   sceneToCameraScale        {row("SceneToCamera Scale"), KEYED, 1.0, HELD, HOLD};
+    Constant   sceneToCameraShearX       {row("SceneToCamera Shear X"), KEYED, 0.0, HELD, HOLD};
+    Constant   sceneToCameraShearY       {row("SceneToCamera Shear Y"), KEYED, 1.0, HELD, HOLD};
+    Constant   sceneToCameraPerspectiveX {row("SceneToCamera Perspective X"), KEYED, 0.0, HELD, HOLD};
+    Constant   sceneToCameraPerspectiveY {row("SceneToCamera Perspective Y"), KEYED, 0.0, HELD, HOLD};
     Kyn::Parameter<_DISTORTION_ALGORITHM> algorithm{row("Algorithm"), STATIC, _DISTORTION_ALGORITHM(), HELD, HOLD}; ///< 0 to 2.
     Flag variableImageCentre             {row("VariableImageCentre"), STATIC, false, HELD, HOLD};
     Flag equidistantLines                {row("EquidistantLines"), STATIC, false, HELD, HOLD};

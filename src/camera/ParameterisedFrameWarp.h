@@ -3,8 +3,6 @@
 #include "camera/FrameWarp.h"
 #include "camera/ParameterisedGanCamera.h"
 
-#include <limits>
-
 namespace VX {
 
 /// The keyed form of a VX::FrameWarp, for scripts: ids, both cameras and the homography, each at any time. A fresh one
@@ -16,7 +14,7 @@ namespace VX {
 /// The keys of the homography are misspelt in every script ever written, so they stay misspelt, and its last element
 /// shares the key of the one at the beginning of its row. Both are written, the row's beginning first, and both are
 /// read back from what was written. Who reads the same set again after a part of a script calls beginReading() first.
-class ParameterisedFrameWarp : public Kyn::ParameterSet {
+class ParameterisedFrameWarp : public Kyn::ParameterSet, protected ParameterTable {
 public:
     VX_DECLARE_TRANSLATION("VX::ParameterisedFrameWarp")
 
@@ -43,17 +41,6 @@ public:
     /// homography is the one in force, not the original. Refuses what populateFrameWarp() refuses.
     void setFromFrameWarp(FrameWarp const & warp, Kyn::Context const & context);
 
-private:
-    typedef Kyn::NumericParameter<double> Element;
-    static constexpr bool KEYED = true;
-    static constexpr double LOWEST = std::numeric_limits<double>::lowest();
-    static constexpr double HIGHEST = std::numeric_limits<double>::max();
-    static constexpr Kyn::Interpolation HELD = Kyn::INTERPOLATION_CONSTANT;
-    static constexpr Kyn::Interpolation LINEAR = Kyn::INTERPOLATION_LINEAR;
-    static constexpr Kyn::Extrapolation HOLD = Kyn::EXTRAPOLATION_CONSTANT;
-    static constexpr Kyn::Extrapolation CONTINUE = Kyn::EXTRAPOLATION_LINEAR;
-
-public:
     // clang-format off
     Kyn::NumericParameter<unsigned int> layerId{row("LayerID"), KEYED, 0, 0, 4294967295u, HELD, HOLD}; ///< The selection.
     Kyn::Parameter<unsigned int> clipId        {row("ClipID"), KEYED, 0, HELD, HOLD};
@@ -61,15 +48,15 @@ public:
     VX_ParameterisedGanCamera backprojectionCamera;
     Kyn::Parameter<bool> useProjectionCamera   {row("UseProjectionCamera"), KEYED, false, HELD, HOLD};
     VX_ParameterisedGanCamera projectionCamera;
-    Element homographyXX{row("HomograpyXX"), KEYED, 0.0, LOWEST, HIGHEST, LINEAR, CONTINUE};
-    Element homographyXY{row("HomograpyXY"), KEYED, 0.0, LOWEST, HIGHEST, LINEAR, CONTINUE};
-    Element homographyXZ{row("HomograpyXZ"), KEYED, 0.0, LOWEST, HIGHEST, LINEAR, CONTINUE};
-    Element homographyYX{row("HomograpyYX"), KEYED, 0.0, LOWEST, HIGHEST, LINEAR, CONTINUE};
-    Element homographyYY{row("HomograpyYY"), KEYED, 0.0, LOWEST, HIGHEST, LINEAR, CONTINUE};
-    Element homographyYZ{row("HomograpyYZ"), KEYED, 0.0, LOWEST, HIGHEST, LINEAR, CONTINUE};
-    Element homographyZX{row("HomograpyZX"), KEYED, 0.0, LOWEST, HIGHEST, LINEAR, CONTINUE};
-    Element homographyZY{row("HomograpyZY"), KEYED, 0.0, LOWEST, HIGHEST, LINEAR, CONTINUE};
-    Element homographyZZ{row("HomograpyZX"), KEYED, 0.0, LOWEST, HIGHEST, LINEAR, CONTINUE}; // Really ZX again.
+    Level homographyXX{row("HomograpyXX"), KEYED, 0.0, -LIMITLESS, LIMITLESS, LINEAR, GO_ON};
+    Level homographyXY{row("HomograpyXY"), KEYED, 0.0, -LIMITLESS, LIMITLESS, LINEAR, GO_ON};
+    Level homographyXZ{row("HomograpyXZ"), KEYED, 0.0, -LIMITLESS, LIMITLESS, LINEAR, GO_ON};
+    Level homographyYX{row("HomograpyYX"), KEYED, 0.0, -LIMITLESS, LIMITLESS, LINEAR, GO_ON};
+    Level homographyYY{row("HomograpyYY"), KEYED, 0.0, -LIMITLESS, LIMITLESS, LINEAR, GO_ON};
+    Level homographyYZ{row("HomograpyYZ"), KEYED, 0.0, -LIMITLESS, LIMITLESS, LINEAR, GO_ON};
+    Level homographyZX{row("HomograpyZX"), KEYED, 0.0, -LIMITLESS, LIMITLESS, LINEAR, GO_ON};
+    Level homographyZY{row("HomograpyZY"), KEYED, 0.0, -LIMITLESS, LIMITLESS, LINEAR, GO_ON};
+    Level homographyZZ{row("HomograpyZX"), KEYED, 0.0, -LIMITLESS, LIMITLESS, LINEAR, GO_ON}; // Really ZX again.
     // clang-format on
     /// "Type": read and written, and used by nothing here.
     FrameWarp::_Type type = FrameWarp::_Type();

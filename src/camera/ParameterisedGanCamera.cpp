@@ -91,7 +91,7 @@ VX_ParameterisedGanCamera & VX_ParameterisedGanCamera::operator=(VX_Parameterise
 void VX_ParameterisedGanCamera::init() {
     weights_.reserve(WEIGHT_COUNT);
     for (QByteArray const & name : weightNames())
-        weights_.emplace_back(row(name.constData()), KEYED, 0.0f, -100.0f, 100.0f, LINEAR, CONTINUE);
+        weights_.emplace_back(row(name.constData()), KEYED, 0.0f, -100.0f, 100.0f, LINEAR, GO_ON);
 }
 
 void VX_ParameterisedGanCamera::populateGanCamera(Gan_Camera & camera, Kyn::Context context) const {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "clip/ParameterTable.h"
 #include "geometry/gandalf/CubicBSplineWeights.h"
-#include "parameter/NumericParameter.h"
 
 #include <vector>
 
@@ -15,7 +15,7 @@ struct Gan_Camera;
 /// back from here as it went in.
 ///
 /// This header is the set's table, in order of registration, which is the order of the script; the grid follows it.
-class VX_ParameterisedGanCamera : public Kyn::ParameterSet {
+class VX_ParameterisedGanCamera : public Kyn::ParameterSet, protected VX::ParameterTable {
 public:
     VX_DECLARE_TRANSLATION("VX_ParameterisedGanCamera")
 
@@ -45,25 +45,17 @@ public:
     Weight & weight(std::size_t index) { return weights_[index]; }
     Weight const & weight(std::size_t index) const { return weights_[index]; }
 
-private:
-    static constexpr bool KEYED = true;
-    static constexpr Kyn::Interpolation HELD = Kyn::INTERPOLATION_CONSTANT;
-    static constexpr Kyn::Interpolation LINEAR = Kyn::INTERPOLATION_LINEAR;
-    static constexpr Kyn::Extrapolation HOLD = Kyn::EXTRAPOLATION_CONSTANT;
-    static constexpr Kyn::Extrapolation CONTINUE = Kyn::EXTRAPOLATION_LINEAR;
-
-public:
     // clang-format off
     Kyn::Parameter<Gan_CameraType> type{row("Type"), KEYED, GAN_CAMERA_LINEAR, HELD, HOLD};
-    Number z          {row("Z"), KEYED, 0.0, 0.0, 10000.0, LINEAR, CONTINUE};
-    Number fx         {row("Fx"), KEYED, 0.0, 0.0, 10000.0, LINEAR, CONTINUE};
-    Number fy         {row("Fy"), KEYED, 0.0, 0.0, 10000.0, LINEAR, CONTINUE};
-    Number x0         {row("X0"), KEYED, 0.0, 0.0, 10000.0, LINEAR, CONTINUE};
-    Number y0         {row("Y0"), KEYED, 0.0, 0.0, 10000.0, LINEAR, CONTINUE};
-    Number distortion1{row("Distortion1"), KEYED, 0.0, 0.0, 10000.0, LINEAR, CONTINUE};
-    Number distortion2{row("Distortion2"), KEYED, 0.0, 0.0, 10000.0, LINEAR, CONTINUE};
-    Number distortion3{row("Distortion3"), KEYED, 0.0, 0.0, 10000.0, LINEAR, CONTINUE};
-    Number distortion4{row("Distortion4"), KEYED, 0.0, 0.0, 10000.0, LINEAR, CONTINUE};
+    Number z          {row("Z"), KEYED, 0.0, 0.0, 10000.0, LINEAR, GO_ON};
+    Number fx         {row("Fx"), KEYED, 0.0, 0.0, 10000.0, LINEAR, GO_ON};
+    Number fy         {row("Fy"), KEYED, 0.0, 0.0, 10000.0, LINEAR, GO_ON};
+    Number x0         {row("X0"), KEYED, 0.0, 0.0, 10000.0, LINEAR, GO_ON};
+    Number y0         {row("Y0"), KEYED, 0.0, 0.0, 10000.0, LINEAR, GO_ON};
+    Number distortion1{row("Distortion1"), KEYED, 0.0, 0.0, 10000.0, LINEAR, GO_ON};
+    Number distortion2{row("Distortion2"), KEYED, 0.0, 0.0, 10000.0, LINEAR, GO_ON};
+    Number distortion3{row("Distortion3"), KEYED, 0.0, 0.0, 10000.0, LINEAR, GO_ON};
+    Number distortion4{row("Distortion4"), KEYED, 0.0, 0.0, 10000.0, LINEAR, GO_ON};
     // clang-format on
 
 private:

@@ -37,11 +37,11 @@ private:
 
 public:
     // clang-format off
-    Number interaxialDistance    {row("InteraxialDistance").shown("Interaxial Distance"), KEYED, 0.0f, LOWEST, HIGHEST, LINEAR, HOLD};
+    Amount interaxialDistance    {row("InteraxialDistance").shown("Interaxial Distance"), KEYED, 0.0f, -LIMITLESS_AMOUNT, LIMITLESS_AMOUNT, LINEAR, HOLD};
     // Users read of an offset, scripts of an alignment.
-    Number leftVerticalAlignment {row("LeftVerticalAlignment").shown("Left Vertical Offset"), KEYED, 0.0f, LOWEST, HIGHEST, LINEAR, HOLD};
-    Number rightVerticalAlignment{row("RightVerticalAlignment").shown("Right Vertical Offset"), KEYED, 0.0f, LOWEST, HIGHEST, LINEAR, HOLD};
-    Number convergenceAngle      {row("ConvergenceAngle").shown("Convergence Angle"), KEYED, 0.0f, LOWEST, HIGHEST, LINEAR, HOLD};
+    Amount leftVerticalAlignment {row("LeftVerticalAlignment").shown("Left Vertical Offset"), KEYED, 0.0f, -LIMITLESS_AMOUNT, LIMITLESS_AMOUNT, LINEAR, HOLD};
+    Amount rightVerticalAlignment{row("RightVerticalAlignment").shown("Right Vertical Offset"), KEYED, 0.0f, -LIMITLESS_AMOUNT, LIMITLESS_AMOUNT, LINEAR, HOLD};
+    Amount convergenceAngle      {row("ConvergenceAngle").shown("Convergence Angle"), KEYED, 0.0f, -LIMITLESS_AMOUNT, LIMITLESS_AMOUNT, LINEAR, HOLD};
     Kyn::Parameter<VX_STEREO_MODE> stereoMode{row("StereoMode").shown("Stereo Mode"), STATIC, VX_STEREO_MODE(), HELD, HOLD};
     // clang-format on
 };

@@ -1,13 +1,11 @@
 #pragma once
 
+#include "clip/ParameterTable.h"
 #include "geometry/gandalf/Vector3.h"
-#include "parameter/NumericParameter.h"
-
-#include <limits>
 
 /// A keyed triple of the 3D scene: a position or scale in scene units, or a rotation in degrees. The three components
 /// have curves of their own, and any of them may be without keys. No limits but those of the type.
-class VX_XYZParameterSet : public Kyn::ParameterSet {
+class VX_XYZParameterSet : public Kyn::ParameterSet, protected VX::ParameterTable {
 public:
     VX_DECLARE_TRANSLATION("VX_XYZParameterSet")
 
@@ -28,16 +26,7 @@ public:
     Kyn::NumericParameter<float> const * y() const { return &y_; }
     Kyn::NumericParameter<float> const * z() const { return &z_; }
 
-private:
-    typedef Kyn::NumericParameter<float> Number;
-    static constexpr bool KEYED = true;
-    static constexpr float LOWEST = std::numeric_limits<float>::lowest();
-    static constexpr float HIGHEST = std::numeric_limits<float>::max();
-    static constexpr Kyn::Interpolation LINEAR = Kyn::INTERPOLATION_LINEAR;
-    static constexpr Kyn::Extrapolation HOLD = Kyn::EXTRAPOLATION_CONSTANT;
-
-public:
-    Number x_{row("x"), KEYED, 0.0f, LOWEST, HIGHEST, LINEAR, HOLD};
-    Number y_{row("y"), KEYED, 0.0f, LOWEST, HIGHEST, LINEAR, HOLD};
-    Number z_{row("z"), KEYED, 0.0f, LOWEST, HIGHEST, LINEAR, HOLD};
+    Amount x_{row("x"), KEYED, 0.0f, -LIMITLESS_AMOUNT, LIMITLESS_AMOUNT, LINEAR, HOLD};
+    Amount y_{row("y"), KEYED, 0.0f, -LIMITLESS_AMOUNT, LIMITLESS_AMOUNT, LINEAR, HOLD};
+    Amount z_{row("z"), KEYED, 0.0f, -LIMITLESS_AMOUNT, LIMITLESS_AMOUNT, LINEAR, HOLD};
 };

@@ -31,6 +31,7 @@ struct ParameterTable {
     static constexpr Kyn::Interpolation HELD = Kyn::INTERPOLATION_CONSTANT;
     static constexpr Kyn::Interpolation LINEAR = Kyn::INTERPOLATION_LINEAR;
     static constexpr Kyn::Extrapolation HOLD = Kyn::EXTRAPOLATION_CONSTANT;
+    static constexpr Kyn::Extrapolation GO_ON = Kyn::EXTRAPOLATION_LINEAR;
 
     // Limits that are none.
     static constexpr unsigned int NO_LIMIT = std::numeric_limits<unsigned int>::max();
