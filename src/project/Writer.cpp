@@ -48,6 +48,13 @@ void checkText(QString const & text, QString const & path) {
         refuse(path, "the text holds half a surrogate pair");
 }
 
+/// Which kind of key a line holds is told by this word, wherever it stands.
+void checkKeyText(QString const & text, QString const & path) {
+    checkText(text, path);
+    if (text.contains(QLatin1String("BezierKey")))
+        refuse(path, "the text of a key holds the word BezierKey, by which its line would be misread");
+}
+
 QString const & plainText(QString const & text) {
     return text;
 }
@@ -68,7 +75,7 @@ void checkTexts(Kyn::BasicParameter const & member, QString const & path) {
         if (keys == 0)
             checkText(plainText(parameter->staticValue(view)), path);
         for (unsigned int key = 0; key < keys; ++key)
-            checkText(plainText(parameter->keyframeValue(key, view)), path);
+            checkKeyText(plainText(parameter->keyframeValue(key, view)), path);
     }
 }
 

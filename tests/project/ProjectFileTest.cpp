@@ -241,6 +241,17 @@ TEST(ProjectFile, text_that_no_line_can_hold_is_refused_with_its_name) {
     }
 }
 
+TEST(ProjectFile, text_of_a_key_that_would_read_as_another_kind_of_key_is_refused) {
+    Project project;
+    project.layer(1).insert.url.setValue(QStringLiteral("a, Bezier Key"), at(1));
+    ProjectTest::expectFixedPoint(project);
+    project.layer(1).insert.url.setValue(QStringLiteral("BezierKey"), at(2));
+    EXPECT_THROW(project.toText(), std::runtime_error);
+    project.layer(1).insert.url.deleteAllKeyframes(Kyn::View());
+    project.layer(1).insert.url.setStaticValue(QStringLiteral("BezierKey"), Kyn::View());
+    ProjectTest::expectFixedPoint(project);
+}
+
 TEST(ProjectFile, names_that_would_break_a_key_are_refused) {
     for (char const * name : {"", "a.b", "a=b", "a[1", "a]", "a\nb"}) {
         Project project;
