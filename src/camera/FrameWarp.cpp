@@ -1,5 +1,6 @@
 #include "camera/FrameWarp.h"
 
+#include "camera/WarpPoints.h"
 #include "foundation/Saturation.h"
 #include "geometry/gandalf/Array.h"
 
@@ -76,33 +77,6 @@ void copyStage(Gan_Camera & camera, Weights & held, Gan_Camera const & source, W
     pointTo(held.get(), camera);
 }
 
-struct Stage {
-    bool bOn;
-    Gan_Camera const & camera;
-};
-
-bool bCarried(Gan_CameraPointFunction * function, Gan_Camera const & camera, Gan_Vector3 & point) {
-    return function && function(&camera, &point, &point, nullptr, nullptr) != 0;
-}
-
-/// Both directions: out of one lens, by a matrix, into another. A failure leaves the point as it is.
-void carry(Stage const & out, Gan_Matrix33 const & matrix, Stage const & in, Gan_Vector3 & point) {
-    Gan_Vector3 moved = point;
-    if (out.bOn && !bCarried(out.camera.backproject, out.camera, moved))
-        return;
-    moved = gan_mat33_multv3_s(&matrix, &moved);
-    if (in.bOn) {
-        if (!bCarried(in.camera.project, in.camera, moved))
-            return;
-    } else {
-        if (moved.z == 0.0)
-            return;
-        double const scale = in.camera.zh / moved.z; // The camera's zh counts even while it is not used.
-        moved = {moved.x * scale, moved.y * scale, in.camera.zh};
-    }
-    point = moved;
-}
-
 } // namespace
 
 FrameWarp::FrameWarp(FrameWarp const & other)
@@ -173,16 +147,28 @@ void FrameWarp::vSetAttributes(unsigned int uiClipID, int iSelection, unsigned i
     bUsingProjectionCamera = true;
 }
 
+detail::WarpChain FrameWarp::warpChain() const {
+    return {{bUsingBackprojectionCamera, gcBackprojectionCamera},
+            gmat33Homography,
+            {bUsingProjectionCamera, gcProjectionCamera}};
+}
+
+detail::WarpChain FrameWarp::unwarpChain() const {
+    return {{bUsingProjectionCamera, gcProjectionCamera},
+            gmat33InverseHomography,
+            {bUsingBackprojectionCamera, gcBackprojectionCamera}};
+}
+
 void FrameWarp::vWarpPoint(Gan_Vector3 & point) const {
-    carry({bUsingBackprojectionCamera, gcBackprojectionCamera}, gmat33Homography,
-          {bUsingProjectionCamera, gcProjectionCamera}, point);
+    carry(warpChain(), point);
 }
 
 void FrameWarp::vWarpPoint(double & x, double & y) const {
-    Gan_Vector3 point{x, y, gcBackprojectionCamera.zh};
-    vWarpPoint(point);
-    x = point.x;
-    y = point.y;
+    carry(warpChain(), x, y);
+}
+
+void FrameWarp::vWarpPoints(double * x, double * y, std::size_t count) const {
+    carry(warpChain(), x, y, count);
 }
 
 void FrameWarp::vWarpPoint(Gan_Vector2 & point) const {
@@ -209,15 +195,15 @@ QPointF FrameWarp::getPointWarped(QPointF const & point) const {
 }
 
 void FrameWarp::vUnwarpPoint(Gan_Vector3 & point) const {
-    carry({bUsingProjectionCamera, gcProjectionCamera}, gmat33InverseHomography,
-          {bUsingBackprojectionCamera, gcBackprojectionCamera}, point);
+    carry(unwarpChain(), point);
 }
 
 void FrameWarp::vUnwarpPoint(double & x, double & y) const {
-    Gan_Vector3 point{x, y, gcProjectionCamera.zh};
-    vUnwarpPoint(point);
-    x = point.x;
-    y = point.y;
+    carry(unwarpChain(), x, y);
+}
+
+void FrameWarp::vUnwarpPoints(double * x, double * y, std::size_t count) const {
+    carry(unwarpChain(), x, y, count);
 }
 
 void FrameWarp::vUnwarpPoint(float & x, float & y) const {

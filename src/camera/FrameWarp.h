@@ -7,9 +7,14 @@
 
 #include <QPointF>
 
+#include <cstddef>
 #include <memory>
 
 namespace VX {
+
+namespace detail {
+struct WarpChain;
+}
 
 /// How the frame of a reference clip maps onto another picture: out of the reference's lens (the back-projection
 /// camera), by a homography of rays, and through the target's lens (the projection camera).
@@ -103,9 +108,22 @@ public:
     void vUnwarpPoint(double & x, double & y) const;
     /// @}
 
+    /// @name Arrays of points, in place
+    /// Carries (x[i], y[i]) for each i below the count as vWarpPoint(double &, double &) and vUnwarpPoint() do, to the
+    /// same result: within 1e-9 of a pixel, or 1e-13 of a coordinate above 10,000, and with the same points left as
+    /// they went in. Takes a fraction of the time where both lenses are linear or radial, or off; for other lenses it
+    /// is a loop over the points. The two arrays must not overlap; with a count of 0 they may be null.
+    /// @{
+    void vWarpPoints(double * x, double * y, std::size_t count) const;
+    void vUnwarpPoints(double * x, double * y, std::size_t count) const;
+    /// @}
+
 private:
     /// Writes the fields, and nothing else, from its parameters.
     friend class ParameterisedFrameWarp;
+
+    detail::WarpChain warpChain() const;
+    detail::WarpChain unwarpChain() const;
 
     unsigned int eReferenceClipID = 0;
     unsigned int uiReferenceFrameWidth = 0;
