@@ -14,16 +14,17 @@ class Layer;
 class Lens;
 class Project;
 
-/// Where a layer takes the points of the picture at one context, in pixels: out of the lens of its clip, with the track,
-/// and into the lens again. Without a lens, the track alone.
+/// Where a layer takes the points of the picture at one context, in pixels: out of the lens of its clip, with the
+/// track, and into the lens again. Without a lens, the track alone.
 class LayerWarp {
 public:
-    /// Nothing where the track's values make no homography, or the lens no camera, as on a clip without a film back. The
-    /// frame is that of the layer's clip; without a lens, `size` comes before it. Nothing without any size.
+    /// Nothing where the track's values make no homography, or the lens no camera, as on a clip without a film back.
+    /// The frame is that of the layer's clip; without a lens, `size` comes before it. Nothing without any size.
     static std::optional<LayerWarp> at(Project const & project, Layer const & layer, Kyn::Context const & context,
                                        std::optional<FrameSize> const & size);
 
-    /// Nothing for a point that the lens or the track take nowhere: beyond where the lens is one-to-one, or to infinity.
+    /// Nothing for a point that the lens or the track take nowhere: beyond where the lens is one-to-one, or to
+    /// infinity.
     std::optional<Gan_Vector2> warp(Gan_Vector2 const & pixel) const;
     std::optional<Gan_Vector2> unwarp(Gan_Vector2 const & pixel) const;
 
@@ -42,8 +43,8 @@ Gan_Camera cameraAt(Lens const & lens, Kyn::Context const & context, VX_BaseClip
 /// Whether pixels can be told from rays: not without a film back, a frame or a focal distance.
 bool isUsable(Gan_Camera const & camera);
 
-/// Where a lens alone takes a pixel of the picture as it would be without distortion, or from where. Nothing for a point
-/// that it takes nowhere.
+/// Where a lens alone takes a pixel of the picture as it would be without distortion, or from where. Nothing for a
+/// point that it takes nowhere.
 std::optional<Gan_Vector2> distorted(Gan_Camera const & camera, Gan_Vector2 const & pixel);
 std::optional<Gan_Vector2> undistorted(Gan_Camera const & camera, Gan_Vector2 const & pixel);
 

@@ -27,8 +27,8 @@ struct SchemaRow {
 /// The names of the columns, in the order of the fields.
 QStringList schemaColumns();
 
-/// Every parameter of every set, in order of registration; each class of sets once. Made by looking at new sets, so that
-/// it cannot differ from what they are.
+/// Every parameter of every set, in order of registration; each class of sets once. Made by looking at new sets, so
+/// that it cannot differ from what they are.
 std::vector<SchemaRow> schema();
 
 } // namespace vxproject

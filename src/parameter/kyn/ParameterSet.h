@@ -1,8 +1,8 @@
 #pragma once
 
 #include "foundation/Translation.h"
-#include "parameter/kyn/MovedParameter.h"
 #include "parameter/VirtualParameter.h"
+#include "parameter/kyn/MovedParameter.h"
 #include "parameter/kyn/ParameterWithoutType.h"
 
 #include <boost/function.hpp>
@@ -186,7 +186,7 @@ private:
     std::vector<Member> members_;
     std::vector<Nested> sets_;
     std::vector<boost::shared_ptr<MovedParameter>> moved_;
-    QHash<QString, Route> routes_; ///< Built at the first line that is read.
+    QHash<QString, Route> routes_;                                   ///< Built at the first line that is read.
     std::map<void const *, std::unique_ptr<BasicParameter>> fields_; ///< By the field's address.
 };
 
