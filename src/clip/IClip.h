@@ -1,6 +1,7 @@
 #pragma once
 
 #include "clip/TimeCode.h"
+#include "foundation/Translation.h"
 #include "parameter/kyn/Frame.h"
 #include "parameter/kyn/View.h"
 
@@ -25,10 +26,7 @@ class IClip : public QObject {
     Q_OBJECT
 
 public:
-    /// The same as tr: source texts are UTF-8 everywhere.
-    static QString trUtf8(char const * text, char const * comment = nullptr, int n = -1) {
-        return tr(text, comment, n);
-    }
+    VX_DECLARE_TRUTF8
 
     ~IClip() override;
 

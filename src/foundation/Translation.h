@@ -26,3 +26,9 @@ public:                                                                         
     static QString trUtf8(char const * text, char const * comment, int n) {                                            \
         return tr(text, comment, n);                                                                                   \
     }
+
+/// Declares, in the public part of a class with Q_OBJECT, the static function trUtf8, equal to its tr.
+#define VX_DECLARE_TRUTF8                                                                                              \
+    static QString trUtf8(char const * text, char const * comment = nullptr, int n = -1) {                             \
+        return tr(text, comment, n);                                                                                   \
+    }

@@ -1,0 +1,7 @@
+#include "host/ImageSuite.h"
+
+namespace VX {
+
+ImageSuite::~ImageSuite() = default;
+
+} // namespace VX

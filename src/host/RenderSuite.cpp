@@ -1,0 +1,11 @@
+#include "host/RenderSuite.h"
+
+namespace VX {
+
+RenderSuite::RenderSuite() = default;
+
+RenderSuite::~RenderSuite() = default;
+
+void RenderSuite::destroyResources() {}
+
+} // namespace VX
