@@ -152,41 +152,6 @@ TEST(BuildViewCamera, keys_of_x_make_keys_of_y_and_z_and_the_next_moment_sees_th
 
 // The sets
 
-TEST(Scene3D, script_brings_back_a_rig) {
-    Rig rig;
-    fill(rig);
-    rig.scale.x_.setStaticValue(1.5f, View());
-    rig.stereoMode.setStaticValue(static_cast<VX_STEREO_MODE>(2), View());
-    QStringList const lines = linesOf(rig);
-    EXPECT_LT(lines.indexOf("StereoCamera.StereoMode.value=2"), lines.indexOf("StereoCamera.Scale.x.value=1.5"));
-    EXPECT_FALSE(lines.filter("StereoCamera.LeftVerticalAlignment.").isEmpty());
-    EXPECT_EQ(rig.leftVerticalAlignment.displayName(), "Left Vertical Offset");
-    Rig read;
-    for (QString const & line : lines)
-        EXPECT_TRUE(read.bStreamIn(line.section('.', 1), PRESENT)) << line.toStdString();
-    EXPECT_EQ(linesOf(read), lines);
-}
-
-TEST(Scene3D, copies_have_members_of_their_own) {
-    Rig rig;
-    fill(rig);
-    rig.position.y_.setMaximum(5.0f);
-    std::string const script = scriptOf(rig);
-    Rig copy(rig);
-    Rig assigned;
-    assigned = rig;
-    Rig & same = assigned;
-    assigned = same;
-    rig.deleteAllKeyframes();
-    rig.interaxialDistance.setStaticValue(9.0f, View());
-    for (Rig * each : {&copy, &assigned}) {
-        EXPECT_EQ(scriptOf(*each), script);
-        EXPECT_EQ(each->position.y()->maximum(), 5.0f);
-        EXPECT_EQ(each->convergenceAngle.displayName(), "Convergence Angle");
-        EXPECT_EQ(each->rotation.x()->extendedName(), "StereoCamera.Rotation.x");
-    }
-}
-
 TEST(Scene3D, deleting_all_keyframes_reaches_every_member) {
     Rig rig;
     fill(rig);

@@ -21,7 +21,11 @@ constexpr float TINY = std::numeric_limits<float>::denorm_min();
 
 struct Settings {
     VX_COLORSPACE colourspace;
-    float gamma, offset, white, black, softClip;
+    float gamma = 1.0f;
+    float offset = 0.0f;
+    float white = 685.0f;
+    float black = 95.0f;
+    float softClip = 0.0f;
 };
 
 std::ostream & operator<<(std::ostream & out, Settings const & s) {
@@ -84,33 +88,27 @@ constexpr VX_COLORSPACE POWER = VX_COLORSPACE_POWER_LAW;
 constexpr VX_COLORSPACE FILM = VX_COLORSPACE_FILM_LOG;
 
 INSTANTIATE_TEST_SUITE_P(Usual, ColourspaceTables,
-                         testing::Values(Settings{POWER, 1.0f, 0, 685, 95, 0}, Settings{POWER, 2.2f, 0, 685, 95, 0},
-                                         Settings{POWER, 0.4545f, 0, 685, 95, 0}, Settings{POWER, 2.0f, 0, 685, 95, 0},
-                                         Settings{POWER, 0.5f, 0, 685, 95, 0}, Settings{FILM, 1.0f, 0, 685, 95, 0},
-                                         Settings{FILM, 0.6f, 0, 685, 95, 0}, Settings{FILM, 1.7f, 0, 685, 95, 20},
-                                         Settings{FILM, 1.0f, 0, 685, 95, 10}, Settings{FILM, 1.0f, 64, 685, 95, 0},
+                         testing::Values(Settings{POWER}, Settings{POWER, 2.2f}, Settings{POWER, 0.4545f},
+                                         Settings{POWER, 2.0f}, Settings{POWER, 0.5f}, Settings{FILM},
+                                         Settings{FILM, 0.6f}, Settings{FILM, 1.7f, 0, 685, 95, 20},
+                                         Settings{FILM, 1.0f, 0, 685, 95, 10}, Settings{FILM, 1.0f, 64},
                                          Settings{FILM, 1.0f, -64, 700.3f, 95.7f, 33.3f},
-                                         Settings{FILM, 1.0f, 10.7f, 1023, 0, 0},
-                                         Settings{VX_COLORSPACE_FIXED_LOG, 1.0f, 0, 685, 95, 0}));
+                                         Settings{FILM, 1.0f, 10.7f, 1023, 0, 0}, Settings{VX_COLORSPACE_FIXED_LOG}));
 
 INSTANTIATE_TEST_SUITE_P(
     WithoutSense, ColourspaceTables,
-    testing::Values(Settings{POWER, 0.0f, 0, 685, 95, 0}, Settings{POWER, -0.0f, 0, 685, 95, 0},
-                    Settings{POWER, -2.2f, 0, 685, 95, 0}, Settings{POWER, NOT_A_NUMBER, 0, 685, 95, 0},
-                    Settings{POWER, ENDLESS, 0, 685, 95, 0}, Settings{POWER, 1e6f, 0, 685, 95, 0},
-                    Settings{POWER, 1e-3f, 0, 685, 95, 0}, Settings{POWER, TINY, 0, 685, 95, 0},
-                    Settings{POWER, 1e-30f, 0, 685, 95, 0}, Settings{POWER, 0.02f, 0, 685, 95, 0},
-                    Settings{FILM, 0.0f, 0, 685, 95, 0}, Settings{FILM, NOT_A_NUMBER, 0, 685, 95, 0},
-                    Settings{FILM, -1.0f, 0, 685, 95, 0}, Settings{FILM, -0.7f, 3, 685, 95, 25},
-                    Settings{FILM, 0.01f, 0, 685, 95, 0}, Settings{FILM, 1e-5f, 0, 685, 95, 0},
-                    Settings{FILM, 1e5f, 0, 685, 95, 0}, Settings{FILM, ENDLESS, 0, 685, 95, 0},
-                    Settings{FILM, 1.0f, 0, 95, 685, 0}, Settings{FILM, 1.0f, 0, 0, 0, 0},
-                    Settings{FILM, 1.0f, 0, -50, 95, 0}, Settings{FILM, 1.0f, 0, 5000, 4000, 0},
-                    Settings{FILM, 1.0f, 0, NOT_A_NUMBER, 95, 0}, Settings{FILM, 1.0f, 0, 685, NOT_A_NUMBER, 0},
-                    Settings{FILM, 1.0f, NOT_A_NUMBER, 685, 95, 0}, Settings{FILM, 1.0f, 0, 685, 95, NOT_A_NUMBER},
-                    Settings{FILM, 1.0f, ENDLESS, 685, 95, 10}, Settings{FILM, 1.0f, -ENDLESS, 685, 95, 10},
-                    Settings{FILM, 1.0f, LARGEST, 685, 95, 0}, Settings{FILM, 1.0f, -LARGEST, 685, 95, 0},
-                    Settings{FILM, 1.0f, 1e12f, 685, 95, 0}, Settings{FILM, 1e12f, 1e18f, 685, 95, 0},
+    testing::Values(Settings{POWER, 0.0f}, Settings{POWER, -0.0f}, Settings{POWER, -2.2f},
+                    Settings{POWER, NOT_A_NUMBER}, Settings{POWER, ENDLESS}, Settings{POWER, 1e6f},
+                    Settings{POWER, 1e-3f}, Settings{POWER, TINY}, Settings{POWER, 1e-30f}, Settings{POWER, 0.02f},
+                    Settings{FILM, 0.0f}, Settings{FILM, NOT_A_NUMBER}, Settings{FILM, -1.0f},
+                    Settings{FILM, -0.7f, 3, 685, 95, 25}, Settings{FILM, 0.01f}, Settings{FILM, 1e-5f},
+                    Settings{FILM, 1e5f}, Settings{FILM, ENDLESS}, Settings{FILM, 1.0f, 0, 95, 685, 0},
+                    Settings{FILM, 1.0f, 0, 0, 0, 0}, Settings{FILM, 1.0f, 0, -50, 95, 0},
+                    Settings{FILM, 1.0f, 0, 5000, 4000, 0}, Settings{FILM, 1.0f, 0, NOT_A_NUMBER, 95, 0},
+                    Settings{FILM, 1.0f, 0, 685, NOT_A_NUMBER, 0}, Settings{FILM, 1.0f, NOT_A_NUMBER},
+                    Settings{FILM, 1.0f, 0, 685, 95, NOT_A_NUMBER}, Settings{FILM, 1.0f, ENDLESS, 685, 95, 10},
+                    Settings{FILM, 1.0f, -ENDLESS, 685, 95, 10}, Settings{FILM, 1.0f, LARGEST},
+                    Settings{FILM, 1.0f, -LARGEST}, Settings{FILM, 1.0f, 1e12f}, Settings{FILM, 1e12f, 1e18f},
                     Settings{FILM, 1.0f, 0, 685, 95, -5}, Settings{FILM, 1.0f, 0, 685, 95, 800},
                     Settings{FILM, 1.0f, 0, 685, 95, TINY}, Settings{FILM, 1.0f, 0, 685, 95, LARGEST},
                     Settings{FILM, 1.0f, 0, 685, 95, ENDLESS}, Settings{FILM, 1.0f, 700, 685, 95, 3}));

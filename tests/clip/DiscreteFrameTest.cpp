@@ -39,36 +39,10 @@ std::string shown(DiscreteFrameLine const & line) {
 }
 
 TEST(DiscreteFrameLine, finds_what_the_patterns_find) {
-    std::vector<QString> const pieces = {"DiscreteFrame(",
-                                         "DiscreteFrame(",
-                                         "DiscreteFrame( ",
-                                         "discreteFrame(",
-                                         "DiscreteFrame",
-                                         "Frames.",
-                                         ",",
-                                         ",",
-                                         ", ",
-                                         " ,",
-                                         " ",
-                                         "\t\v",
-                                         "(",
-                                         ")",
-                                         " )",
-                                         ")",
-                                         "1",
-                                         "02",
-                                         "4294967296",
-                                         "a",
-                                         "x.dpx",
-                                         "a, b",
-                                         ", 3 )",
-                                         ", 12, 1 )",
-                                         QString(QChar(0xa0)),
-                                         QString(QChar(0xff11)),
-                                         QString(QChar(0x85)),
-                                         "-1",
-                                         "%1",
-                                         ",,"};
+    QString const texts =
+        "DiscreteFrame(|DiscreteFrame(|DiscreteFrame( |discreteFrame(|DiscreteFrame|Frames.|,|,|, | ,| |"
+        "\t\v|(|)| )|)|1|02|4294967296|a|x.dpx|a, b|, 3 )|, 12, 1 )|-1|%1|,,";
+    QStringList const pieces = texts.split('|') + QStringList({QChar(0xa0), QChar(0xff11), QChar(0x85)});
     std::mt19937 random(20);
     int withView = 0;
     int withoutView = 0;
@@ -76,7 +50,7 @@ TEST(DiscreteFrameLine, finds_what_the_patterns_find) {
     for (int i = 0; i < 20000; ++i) {
         QString line = i % 4 == 0 ? QString() : QStringLiteral("DiscreteFrame(");
         for (auto count = random() % 14; count > 0; --count)
-            line += pieces[random() % pieces.size()];
+            line += pieces[static_cast<qsizetype>(random() % static_cast<unsigned int>(pieces.size()))];
         DiscreteFrameLine const expected = patternsFind(line);
         ASSERT_EQ(shown(parseDiscreteFrame(line)), shown(expected)) << line.toStdString();
         ++(!expected.found ? refused : expected.view.isEmpty() ? withoutView : withView);

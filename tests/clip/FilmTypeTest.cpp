@@ -23,10 +23,6 @@ std::vector<FilmType> allFilms() {
     return std::vector<FilmType>(table.begin(), table.end());
 }
 
-std::string nameForSize(int width, int height, bool interlaced = FRAME) {
-    return Factory::bestMatchForSize(QSize(width, height), interlaced).name.toStdString();
-}
-
 std::string nameForPar(double par, int width, int height, bool interlaced = FRAME) {
     return Factory::bestMatchForPAR(par, QSize(width, height), interlaced).name.toStdString();
 }
@@ -38,37 +34,25 @@ bool isEqual(FilmType const & a, FilmType const & b) {
 
 // The film type
 
-TEST(FilmType, default_one_is_empty_and_not_valid) {
-    FilmType const film;
-    EXPECT_TRUE(film.name.isEmpty());
-    EXPECT_FALSE(film.isValid());
-    EXPECT_FALSE(film.isCustom());
-    EXPECT_FALSE(film.anamorphic);
-    EXPECT_EQ(film.uiSize(0), QSize(0, 0));
-    EXPECT_EQ(film.defPixelAspectRatio(), 0.0);
-}
-
-TEST(FilmType, film_back_with_one_side_is_not_valid) {
+TEST(FilmType, is_valid_with_a_film_back_of_two_sides_and_custom_without_a_name) {
+    EXPECT_FALSE(FilmType().isValid());
+    EXPECT_FALSE(FilmType().isCustom());
     EXPECT_FALSE(FilmType(1.0, 0.0).isValid());
     EXPECT_FALSE(FilmType(0.0, 1.0).isValid());
     EXPECT_TRUE(FilmType(-1.0, 1.0).isValid());
+    EXPECT_TRUE(FilmType(3.0, 2.0).isCustom());
+    EXPECT_EQ(FilmType(3.0, 2.0).getFilmBackAspectRatio(), 1.5);
+    EXPECT_EQ(FilmType(3.0, 2.0).uiSize(0), QSize(0, 0));
+    EXPECT_EQ(FilmType().defPixelAspectRatio(), 0.0);
 }
 
 TEST(FilmType, sizes_pair_widths_with_heights) {
     FilmType const film("Film", 16.0, 9.0, 1, 2, 3, 4, 5, 6, true);
-    EXPECT_TRUE(film.anamorphic);
     EXPECT_EQ(film.uiSize(0), QSize(1, 4));
     EXPECT_EQ(film.uiSize(1), QSize(2, 5));
     EXPECT_EQ(film.uiSize(2), QSize(3, 6));
     EXPECT_EQ(film.uiSize(3), QSize(0, 0));
     EXPECT_EQ(film.uiSize(std::numeric_limits<uint64_t>::max()), QSize(0, 0));
-}
-
-TEST(FilmType, built_one_is_custom_and_has_no_sizes) {
-    FilmType const film(3.0, 2.0);
-    EXPECT_TRUE(film.isCustom());
-    EXPECT_EQ(film.getFilmBackAspectRatio(), 1.5);
-    EXPECT_EQ(film.uiSize(0), QSize(0, 0));
 }
 
 TEST(FilmType, pixel_aspect_stretches_the_frame_to_the_film_back) {
@@ -133,45 +117,31 @@ TEST(FilmTable, names_have_their_fingerprint) {
 
 // By size
 
-TEST(BestMatchForSize, first_of_several_film_backs_wins) {
-    EXPECT_EQ(nameForSize(2048, 1556), "35mm Full Aperture");
-    EXPECT_EQ(nameForSize(720, 486), "NTSC");
-    EXPECT_EQ(nameForSize(720, 480), "NTSC");
+struct Match {
+    char const * name;
+    int width, height;
+    bool interlaced;
+    char const * film; ///< Empty where none fits.
+};
+
+class BestMatchForSize : public testing::TestWithParam<Match> {};
+
+TEST_P(BestMatchForSize, is_found) {
+    Match const & m = GetParam();
+    EXPECT_EQ(Factory::bestMatchForSize(QSize(m.width, m.height), m.interlaced).name.toStdString(), m.film);
 }
 
-TEST(BestMatchForSize, height_alone_serves_where_no_width_fits) {
-    EXPECT_EQ(nameForSize(999, 1556), "35mm Full Aperture");
-    EXPECT_EQ(nameForSize(-5, 576), "PAL");
-}
-
-TEST(BestMatchForSize, later_match_of_both_sides_wins_over_an_earlier_height) {
-    EXPECT_EQ(nameForSize(1828, 1556), "Cinemascope/Panavision");
-    EXPECT_EQ(nameForSize(1280, 720), "HD");
-    EXPECT_EQ(nameForSize(640, 480), "HD");
-}
-
-TEST(BestMatchForSize, width_must_stand_at_the_same_position_as_the_height) {
-    EXPECT_EQ(nameForSize(1920, 720), "DVCPRO HD 720");
-}
-
-TEST(BestMatchForSize, field_is_half_a_frame) {
-    EXPECT_EQ(nameForSize(720, 288, FIELD), "PAL");
-    EXPECT_EQ(nameForSize(720, 576, FIELD), "");
-    EXPECT_EQ(nameForSize(720, 288, FRAME), "");
-}
-
-TEST(BestMatchForSize, height_of_zero_finds_the_zeros_of_the_table) {
-    EXPECT_EQ(nameForSize(720, 0), "PAL");
-    EXPECT_EQ(nameForSize(0, 0), "PAL");
-    EXPECT_EQ(nameForSize(512, 0), "Super 16mm");
-}
-
-TEST(BestMatchForSize, unknown_and_huge_heights_find_nothing) {
-    EXPECT_FALSE(Factory::bestMatchForSize(QSize(1920, 1081), FRAME).isValid());
-    EXPECT_FALSE(Factory::bestMatchForSize(QSize(1920, -1080), FRAME).isValid());
-    EXPECT_FALSE(Factory::bestMatchForSize(QSize(1920, 0x7FFFFFFF), FIELD).isValid());
-    EXPECT_FALSE(Factory::bestMatchForSize(QSize(1920, -0x7FFFFFFF), FIELD).isValid());
-}
+INSTANTIATE_TEST_SUITE_P(Sizes, BestMatchForSize,
+                         testing::Values(Match{"later_match_of_both", 1280, 720, FRAME, "HD"},
+                                         Match{"width_at_another_position", 1920, 720, FRAME, "DVCPRO HD 720"},
+                                         Match{"width_below_zero", -5, 576, FRAME, "PAL"},
+                                         Match{"zeros_of_the_table", 720, 0, FRAME, "PAL"},
+                                         Match{"nothing", 0, 0, FRAME, "PAL"},
+                                         Match{"zeros_of_a_later_row", 512, 0, FRAME, "Super 16mm"},
+                                         Match{"height_below_zero", 1920, -1080, FRAME, ""},
+                                         Match{"largest_field", 1920, 0x7FFFFFFF, FIELD, ""},
+                                         Match{"least_field", 1920, -0x7FFFFFFF, FIELD, ""}),
+                         [](auto const & row) { return row.param.name; });
 
 // By pixel aspect
 
@@ -201,53 +171,41 @@ TEST(CustomFilm, unusable_input_gives_none) {
     }
 }
 
-/// The same answer from a walk over the whole table, in extended precision where the law leaves it open.
-class PlainScan {
-public:
-    PlainScan(double par, QSize const & frame) : par_(par), frame_(frame) {}
+/// 2 for a film that is scanned at the very size, 1 at the height, 0 at neither.
+int rankOf(FilmType const & film, QSize const & frame) {
+    for (uint64_t i = 0; i < 3; ++i)
+        if (film.uiSize(i) == frame)
+            return 2;
+    return std::count(film.heights.begin(), film.heights.end(), frame.height()) > 0 ? 1 : 0;
+}
 
-    /// The index of the best row, or -1; ties at a limit of the range are reported as such.
-    int best() {
-        std::vector<FilmType> const films = allFilms();
-        int found = -1;
-        for (int i = 0; i < static_cast<int>(films.size()); ++i)
-            if (fits(films[static_cast<std::size_t>(i)]) &&
-                (found < 0 || isBetter(films[static_cast<std::size_t>(i)], films[static_cast<std::size_t>(found)])))
-                found = i;
-        return found;
-    }
-
-    bool isAtALimit() const { return atALimit_; }
-    int rank(FilmType const & film) const {
-        for (uint64_t i = 0; i < 3; ++i)
-            if (film.uiSize(i) == frame_)
-                return 2;
-        return std::count(film.heights.begin(), film.heights.end(), frame_.height()) > 0 ? 1 : 0;
-    }
-
-private:
-    bool fits(FilmType const & film) {
-        long double const frameAspect = static_cast<long double>(frame_.width()) / frame_.height();
-        long double const asked = std::floor(par_ * 1000 + 0.5) / 1000.0L;
-        long double const pixel = film.filmBackWidth / static_cast<long double>(film.filmBackHeight) / frameAspect;
-        long double const excess = std::fabs(pixel - asked) - frameAspect / 1000;
-        if (std::fabs(excess) < 1e-12L)
-            atALimit_ = true;
-        float const single =
-            static_cast<float>(film.filmBackWidth / film.filmBackHeight * frame_.height() / frame_.width());
-        return excess <= 0 && std::fabs(single - static_cast<float>(par_)) < 0.001f && rank(film) > 0;
-    }
-
-    bool isBetter(FilmType const & film, FilmType const & than) const {
-        if (rank(film) != rank(than))
-            return rank(film) > rank(than);
-        return film.filmBackWidth / film.filmBackHeight < than.filmBackWidth / than.filmBackHeight;
-    }
-
-    double par_;
-    QSize frame_;
-    bool atALimit_ = false;
+struct Scan {
+    int best = -1;           ///< The index of the best row.
+    bool isAtALimit = false; ///< Some row lies so near a limit of the range that the last digit decides.
 };
+
+/// The same answer from a walk over the whole table, in extended precision where the law leaves it open.
+Scan plainScan(double par, QSize const & frame) {
+    std::vector<FilmType> const films = allFilms();
+    long double const frameAspect = static_cast<long double>(frame.width()) / frame.height();
+    long double const asked = std::floor(par * 1000 + 0.5) / 1000.0L;
+    std::pair<int, double> bestKey;
+    Scan scan;
+    for (std::size_t i = 0; i < films.size(); ++i) {
+        double const aspect = films[i].filmBackWidth / films[i].filmBackHeight;
+        long double const excess = std::fabs(aspect / frameAspect - asked) - frameAspect / 1000;
+        scan.isAtALimit = scan.isAtALimit || std::fabs(excess) < 1e-12L;
+        float const single = static_cast<float>(aspect * frame.height() / frame.width());
+        std::pair<int, double> const key(-rankOf(films[i], frame), aspect);
+        if (excess > 0 || !(std::fabs(single - static_cast<float>(par)) < 0.001f) || key.first == 0)
+            continue;
+        if (scan.best < 0 || key < bestKey) {
+            scan.best = static_cast<int>(i);
+            bestKey = key;
+        }
+    }
+    return scan;
+}
 
 TEST(BestMatchForPAR, agrees_with_a_plain_scan_of_the_table) {
     std::vector<FilmType> const films = allFilms();
@@ -263,16 +221,15 @@ TEST(BestMatchForPAR, agrees_with_a_plain_scan_of_the_table) {
         for (FilmType const & film : films) {
             for (double const step : {-0.0011, -0.00095, -0.0005, 0.0, 0.0002, 0.0007, 0.00099, 0.001, 0.002}) {
                 double const par = film.pixelAspectRatio(size) + step;
-                PlainScan scan(par, size);
-                int const expected = scan.best();
-                if (scan.isAtALimit() || par <= 0)
+                Scan const scan = plainScan(par, size);
+                if (scan.isAtALimit || par <= 0)
                     continue;
                 FilmType const match = Factory::bestMatchForPAR(par, size, FRAME);
-                FilmType const wanted = expected < 0 ? Factory::customTypeForParAndDims(par, size, FRAME)
-                                                     : films[static_cast<std::size_t>(expected)];
+                FilmType const wanted = scan.best < 0 ? Factory::customTypeForParAndDims(par, size, FRAME)
+                                                      : films[static_cast<std::size_t>(scan.best)];
                 ASSERT_TRUE(isEqual(match, wanted)) << par << " at " << size.width() << 'x' << size.height() << ": "
                                                     << match.name.toStdString() << " for " << wanted.name.toStdString();
-                ++answersByRank[expected < 0 ? 0 : scan.rank(wanted)];
+                ++answersByRank[scan.best < 0 ? 0 : rankOf(wanted, size)];
             }
         }
     }
@@ -284,15 +241,14 @@ TEST(BestMatchForPAR, of_equal_aspects_the_first_of_the_table_at_that_size_wins)
     EXPECT_EQ(nameForPar(1.0, 1920, 1080), "HD");
     EXPECT_EQ(nameForPar(1.0, 1921, 1080), "DVCPRO HD 1080");
     EXPECT_EQ(nameForPar(4.0 / 3, 1440, 1080), "HDV");
+    EXPECT_EQ(nameForPar(std::numeric_limits<double>::infinity(), 1920, 1080), "Custom");
 }
 
 TEST(BestMatchForPAR, field_is_half_a_frame_with_the_pixels_of_the_whole) {
     double const par = Factory::byName("PAL").pixelAspectRatio(QSize(720, 576));
     EXPECT_EQ(nameForPar(par, 720, 288, FIELD), "PAL");
     EXPECT_EQ(nameForPar(par, 720, 288, FRAME), "Custom");
-    FilmType const custom = Factory::bestMatchForPAR(3.0, QSize(720, 288), FIELD);
-    EXPECT_EQ(custom.filmBackWidth, 1080.0);
-    EXPECT_EQ(custom.filmBackHeight, 288.0);
+    EXPECT_EQ(Factory::bestMatchForPAR(3.0, QSize(720, 288), FIELD).filmBackWidth, 1080.0);
 }
 
 // In double precision 1.001 - 1 is below 0.001, in single precision it is above.
@@ -310,10 +266,6 @@ TEST(BestMatchForPAR, tall_frames_have_a_narrower_tolerance) {
     EXPECT_EQ(nameForPar(19.2, 100, 1080), "DVCPRO HD 1080");
     EXPECT_EQ(nameForPar(19.2004, 100, 1080), "DVCPRO HD 1080");
     EXPECT_EQ(nameForPar(19.2006, 100, 1080), "Custom");
-}
-
-TEST(BestMatchForPAR, infinite_aspect_finds_nothing_and_stops) {
-    EXPECT_EQ(nameForPar(std::numeric_limits<double>::infinity(), 1920, 1080), "Custom");
 }
 
 } // namespace

@@ -1,11 +1,12 @@
 #include "clip/ImageFormat.h"
-#include "clip/FilmTypeFactory.h"
+#include "clip/BaseClipInfo.h"
 #include "clip/InterlaceMode.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -16,14 +17,20 @@ VX_INTERLACE_MODE mode(int number) {
     return static_cast<VX_INTERLACE_MODE>(number);
 }
 
+/// The mode's answers, which a clip of that mode gives too.
 std::string answersFor(int number) {
     VX_INTERLACE_MODE const m = mode(number);
+    VX_BaseClipInfo clip;
+    clip.interlaceMode = m;
     std::string answers;
-    answers += VX::bIsInterlaced(m) ? 'i' : '-';
-    answers += VX::bIs32Pulldown(m) ? 'p' : '-';
-    answers += VX::bIsUpperFieldFirst(m) ? 'u' : '-';
-    answers += VX::bIsLowerFieldFirst(m) ? 'l' : '-';
-    answers += VX::bHasFields(m) ? 'f' : '-';
+    for (auto const & [letter, answer, ofClip] : {std::tuple('i', VX::bIsInterlaced(m), clip.bIsInterlaced()),
+                                                  std::tuple('p', VX::bIs32Pulldown(m), clip.bIs32Pulldown()),
+                                                  std::tuple('u', VX::bIsUpperFieldFirst(m), clip.bIsUpperFieldFirst()),
+                                                  std::tuple('l', VX::bIsLowerFieldFirst(m), clip.bIsLowerFieldFirst()),
+                                                  std::tuple('f', VX::bHasFields(m), clip.bHasFields())}) {
+        answers += answer ? letter : '-';
+        EXPECT_EQ(ofClip, answer) << letter;
+    }
     return answers;
 }
 
@@ -35,22 +42,14 @@ TEST(InterlaceMode, groups_of_modes_are_told_apart) {
         EXPECT_EQ(answersFor(number), "-pu-f") << number;
     for (int number = 8; number <= 12; ++number)
         EXPECT_EQ(answersFor(number), "-p-lf") << number;
-}
-
-TEST(InterlaceMode, fields_without_order_are_fields_and_nothing_else) {
+    // Fields without an order, and numbers that are no mode.
     for (int const number : {13, 14, -1, std::numeric_limits<int>::max()})
         EXPECT_EQ(answersFor(number), "----f") << number;
 }
 
-TEST(ImageFormat, default_one_has_no_size_and_is_not_valid) {
-    ImageFormat const format;
-    EXPECT_EQ(format.size, QSize(-1, -1));
-    EXPECT_FALSE(format.isValid());
-    EXPECT_FALSE(format.filmType.isValid());
-    EXPECT_EQ(format.interlaceMode, VX_INTERLACE_MODE_PROGRESSIVE);
-}
-
 TEST(ImageFormat, both_sides_must_be_at_least_one) {
+    EXPECT_EQ(ImageFormat().size, QSize(-1, -1));
+    EXPECT_FALSE(ImageFormat().isValid());
     FilmType const film(4.0, 3.0);
     EXPECT_TRUE(ImageFormat(QSize(1, 1), film, mode(0)).isValid());
     EXPECT_FALSE(ImageFormat(QSize(0, 1), film, mode(0)).isValid());

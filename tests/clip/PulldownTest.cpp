@@ -101,21 +101,16 @@ TEST(PulldownPhases, third_phase_counts_a_frame_less_than_its_tape_at_whole_grou
                 << files;
 }
 
-TEST(FramesInFiles, one_frame_a_file_without_a_cadence) {
+TEST(FramesInFiles, one_frame_a_file_without_a_cadence_and_two_if_interlaced) {
     for (unsigned int const number : {0u, 1u, 7u, 0xFFFFFFFFu}) {
         for (int const plain : {0, 13}) {
             EXPECT_EQ(pulldownFileFromFrame(number, mode(plain)), number);
             EXPECT_EQ(frameCountFromFileCount(mode(plain), number), number);
         }
-    }
-}
-
-TEST(FramesInFiles, interlaced_files_hold_two_frames_of_which_the_first_owns_the_file) {
-    for (int const interlaced : {1, 2}) {
-        EXPECT_EQ(pulldownFileFromFrame(4, mode(interlaced)), 2u);
-        EXPECT_EQ(pulldownFileFromFrame(5, mode(interlaced)), NO_FILE);
-        EXPECT_EQ(frameCountFromFileCount(mode(interlaced), 10), 20u);
-        EXPECT_EQ(frameCountFromFileCount(mode(interlaced), 0x80000001u), 2u);
+        for (int const interlaced : {1, 2}) {
+            EXPECT_EQ(pulldownFileFromFrame(number, mode(interlaced)), number % 2 == 0 ? number / 2 : NO_FILE);
+            EXPECT_EQ(frameCountFromFileCount(mode(interlaced), number), 2 * number);
+        }
     }
 }
 

@@ -4,9 +4,7 @@
 
 #include <QByteArray>
 #include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <cstdlib>
@@ -14,7 +12,7 @@
 #include <sys/wait.h>
 #include <vector>
 
-/// Runs the built program as a user does, with a shell between, in a folder of its own.
+/// Runs the built program as a user does: command lines in a shell, in a folder of its own.
 class ToolRun : public testing::Test {
 protected:
     struct Answer {
@@ -33,32 +31,32 @@ protected:
         return file.readAll().toStdString();
     }
 
-    /// Makes a file; its path.
-    std::string write(char const * name, std::string const & text) const {
+    void write(char const * name, std::string const & text) const {
         QFile file(QString::fromStdString(pathOf(name)));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << name;
         file.write(QByteArray::fromStdString(text));
-        return pathOf(name);
     }
 
-    Answer shell(std::string const & command) const {
-        std::string const whole = command + " >" + quoted(pathOf("out")) + " 2>" + quoted(pathOf("err"));
-        int const status = std::system(whole.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contentOf("out"), contentOf("err")};
+    /// Runs a command line, in which `vxproject` is the program.
+    Answer shell(std::string const & command, std::string const & input = std::string()) const {
+        write(".in", input);
+        std::string const before = "cd " + quoted(folder.path().toStdString()) + " && export LC_ALL=C.UTF-8 PATH=" +
+                                   quoted(QFileInfo(QStringLiteral(VX_TOOL)).path().toStdString()) + ":$PATH";
+        int const status = std::system(("(" + before + "; " + command + "\n) <" + quoted(pathOf(".in")) + " >" +
+                                        quoted(pathOf(".out")) + " 2>" + quoted(pathOf(".err")))
+                                           .c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contentOf(".out"), contentOf(".err")};
     }
 
-    Answer run(std::vector<std::string> const & arguments) const {
-        std::string command = quoted(VX_TOOL);
-        for (std::string const & argument : arguments)
-            command += " " + quoted(argument);
-        return shell(command);
-    }
+    /// The program with arguments as they would be typed.
+    Answer run(std::string const & arguments) const { return shell("vxproject " + arguments); }
 
-    static QJsonDocument json(std::string const & text) {
-        QJsonParseError error;
-        QJsonDocument document = QJsonDocument::fromJson(QByteArray::fromStdString(text), &error);
-        EXPECT_EQ(error.error, QJsonParseError::NoError) << text;
-        return document;
+    /// Wrong usage: code 2 and words about it, and nothing else.
+    void expectRefused(std::string const & arguments) const {
+        Answer const answer = run(arguments);
+        EXPECT_EQ(answer.code, 2) << arguments;
+        EXPECT_EQ(answer.out, "") << arguments;
+        EXPECT_NE(answer.err, "") << arguments;
     }
 
     QTemporaryDir folder;

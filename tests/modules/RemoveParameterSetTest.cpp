@@ -15,12 +15,8 @@ int offset() {
     return firstFrame;
 }
 
-VX_RemoveParameterSet madeSet() {
-    return VX_RemoveParameterSet(nullptr, offset);
-}
-
 TEST(RemoveParameterSet, range_is_shown_in_the_numbers_that_the_clip_has_at_the_moment) {
-    VX_RemoveParameterSet set = madeSet();
+    VX_RemoveParameterSet set(nullptr, offset);
     firstFrame = 100;
     EXPECT_EQ(set.inputRangeMin.toDisplay(0, at(0)), 100u);
     EXPECT_EQ(set.inputRangeMin.fromDisplay(90, at(0)), 4294967286u);
@@ -32,7 +28,7 @@ TEST(RemoveParameterSet, range_is_shown_in_the_numbers_that_the_clip_has_at_the_
 }
 
 TEST(RemoveParameterSet, copies_take_the_frame_numbers_along) {
-    VX_RemoveParameterSet const set = madeSet();
+    VX_RemoveParameterSet const set(nullptr, offset);
     VX_RemoveParameterSet const copy(set);
     VX_RemoveParameterSet assigned(nullptr, [] { return 5; });
     assigned = set;
@@ -44,7 +40,7 @@ TEST(RemoveParameterSet, copies_take_the_frame_numbers_along) {
 }
 
 TEST(RemoveParameterSet, not_set_stands_outside_script_and_walks_and_is_copied) {
-    VX_RemoveParameterSet set = madeSet();
+    VX_RemoveParameterSet set(nullptr, offset);
     std::string const before = scriptOf(set);
     set.notSet.setValue(true, at(0));
     set.notSet.hide(true);
@@ -57,29 +53,10 @@ TEST(RemoveParameterSet, not_set_stands_outside_script_and_walks_and_is_copied) 
 
     VX_RemoveParameterSet const copy(set);
     EXPECT_TRUE(copy.notSet.value(at(0)));
-    VX_RemoveParameterSet assigned = madeSet();
+    VX_RemoveParameterSet assigned(nullptr, offset);
     assigned = set;
     EXPECT_TRUE(assigned.notSet.value(at(0)));
     EXPECT_TRUE(assigned.notSet.scriptName().isEmpty());
-}
-
-TEST(RemoveParameterSet, old_key_render_is_read_and_not_written) {
-    VX_RemoveParameterSet set = madeSet();
-    std::string const before = scriptOf(set);
-    EXPECT_TRUE(set.bStreamIn("Render.value=1", PRESENT));
-    EXPECT_TRUE(set.bStreamIn("Render.keyframes.append( Key( 1, 1, Constant ) )", PRESENT));
-    VX_RemoveParameterSet copy(set);
-    EXPECT_TRUE(copy.bStreamIn("Render.hidden=1", PRESENT));
-    EXPECT_EQ(scriptOf(set), before);
-}
-
-TEST(RemoveParameterSet, blend_width_stays_when_the_frame_is_resized) {
-    VX_RemoveParameterSet set = madeSet();
-    set.blendWidth.setValue(40, at(3));
-    std::string const before = scriptOf(set);
-    set.rescale(2.0f, 2.0f);
-    set.rescale(2.0f, 2.0f, Kyn::View(0));
-    EXPECT_EQ(scriptOf(set), before);
 }
 
 } // namespace

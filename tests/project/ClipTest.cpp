@@ -31,16 +31,6 @@ TEST(Clip, a_discrete_clip_is_read_whole_in_any_order_and_written_behind_its_mem
     EXPECT_FALSE(text.contains("ClipDirectory"));
 }
 
-TEST(Clip, what_only_the_other_form_takes_is_kept_and_reported) {
-    auto const project = projectOfLines("Clip[1].Source.Core.SingleFrame.value=1\n"
-                                        "Clip[2].Source.Core.DiscreteFrames.value=1\n"
-                                        "Clip[2].Source.Core.ClipDirectory.value=\"d\"\n");
-    EXPECT_EQ(project->findings().size(), 2);
-    QByteArray const text = project->toText();
-    EXPECT_TRUE(text.contains("\nClip[1].Source.Core.SingleFrame.value=1\n"));
-    EXPECT_TRUE(text.contains("\nClip[2].Source.Core.ClipDirectory.value=\"d\"\n"));
-}
-
 TEST(Clip, a_clip_turned_discrete_is_saved_as_one) {
     vxproject::Project project;
     VX_ClipInfo & source = project.clip(1).source;
@@ -100,20 +90,6 @@ TEST(Clip, the_container_answers_for_the_clips_of_the_project) {
     EXPECT_EQ(clips.pcGetBaseClipInfo(0), nullptr);
     EXPECT_EQ(clips.pcGetClipInfo(8), nullptr);
     EXPECT_EQ(clips.clipName(8), QString());
-}
-
-TEST(Clip, a_layer_has_the_frame_size_of_its_input_clip) {
-    auto const project = projectOfLines("Clip[1].Picture.Core.FrameWidth.value=2048\n"
-                                        "Clip[1].Picture.Core.FrameHeight.value=1556\n"
-                                        "Layer[1].跟踪.InputClipID.value=1\n"
-                                        "Layer[2].跟踪.InputClipID.value=5\n");
-    auto const size = project->frameSizeOf(project->layer(1));
-    ASSERT_TRUE(size.has_value());
-    EXPECT_EQ(size->width, 2048);
-    EXPECT_EQ(size->height, 1556);
-    EXPECT_FALSE(project->frameSizeOf(project->layer(2)).has_value());
-    project->clip(1).picture.frameHeight = 0;
-    EXPECT_FALSE(project->frameSizeOf(project->layer(1)).has_value());
 }
 
 TEST(Clip, the_interfaces_show_the_records) {

@@ -4,12 +4,13 @@
 #include "project/Lens.h"
 #include "project/ProjectTest.h"
 #include "project/Scene.h"
+#include "project/Schema.h"
 #include "project/TextFile.h"
 
 #include <cstdlib>
 
-// Whole projects as they are written, byte for byte. After a wanted change, VX_WRITE_GOLDEN=1 in the environment writes
-// them anew; the difference is then for a person to read.
+// Whole projects as they are written and what every set makes of its parameters, byte for byte. After a wanted change,
+// VX_WRITE_GOLDEN=1 in the environment writes them anew; the difference is then for a person to read.
 
 namespace {
 
@@ -47,6 +48,26 @@ void expectGolden(vxproject::Project const & project, char const * name) {
     EXPECT_TRUE(project.toText() == golden) << path.toStdString() << " differs from what is written";
     auto const read = ProjectTest::projectOf(golden);
     EXPECT_TRUE(read->toText() == golden) << path.toStdString() << " is not written as it was read";
+}
+
+/// Names, defaults, limits and ways between keys, one parameter a line.
+QByteArray schemaText() {
+    auto const word = [](bool is, char const * yes) { return QLatin1String(is ? yes : "-"); };
+    QString text;
+    for (vxproject::SchemaRow const & row : vxproject::schema())
+        text += QStringList({row.set, row.name, row.display, row.type, row.defaultValue, row.minimum, row.maximum,
+                             word(row.isAnimatable, "keyed"), word(row.isSplittable, "split"),
+                             word(row.isHidden, "hidden"), row.interpolation, row.extrapolation})
+                    .join(QLatin1Char(',')) +
+                QLatin1Char('\n');
+    return text.toUtf8();
+}
+
+TEST(GoldenSchema, every_parameter_as_a_new_set_has_it) {
+    QString const path = QStringLiteral(VX_TEST_DATA "/project/golden/schema.csv");
+    if (std::getenv("VX_WRITE_GOLDEN"))
+        vxproject::replaceFile(path, schemaText());
+    EXPECT_TRUE(schemaText() == vxproject::readFile(path)) << path.toStdString() << " differs from what the sets say";
 }
 
 TEST(GoldenProject, every_set_at_its_defaults) {

@@ -6,7 +6,8 @@
 #include <algorithm>
 
 // Each file below scripts/ is a case. A good one is read without a finding; beside a bad one NAME.vxp stands
-// NAME.findings, which holds all its findings, "LINE: what". Both are then written, read, and written the same again.
+// NAME.findings, which holds all its findings, "LINE: what"; a line that is said to be kept is written as it stands.
+// Both are then written, read, and written the same again.
 
 namespace {
 
@@ -41,6 +42,12 @@ TEST_P(BadScript, gives_all_its_findings_and_is_written_alike_twice) {
     expected.replace(QStringLiteral(".vxp"), QStringLiteral(".findings"));
     EXPECT_EQ(ProjectTest::findingsOf(*project), vxproject::readFile(expected).toStdString());
     ProjectTest::expectFixedPoint(*project);
+    QList<QByteArray> const lines = vxproject::readFile(path).split('\n');
+    QList<QByteArray> const written = project->toText().split('\n');
+    for (vxproject::Finding const & finding : project->findings())
+        if (finding.what.endsWith(QLatin1String("the line is kept as it stands"))) {
+            EXPECT_TRUE(written.contains(lines[finding.line - 1])) << finding.line;
+        }
 }
 
 INSTANTIATE_TEST_SUITE_P(Scripts, GoodScript, testing::ValuesIn(filesIn("project/scripts/good")), caseName);

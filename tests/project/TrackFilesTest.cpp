@@ -1,4 +1,3 @@
-#include "project/FileError.h"
 #include "project/FrameList.h"
 #include "project/Layer.h"
 #include "project/NumberText.h"
@@ -84,41 +83,6 @@ TEST(TrackTable, later_row_of_a_frame_is_taken_and_reported) {
     EXPECT_EQ(table.findings[0].toString(QStringLiteral("t.csv")).toStdString(),
               "t.csv:4: frame 1 stands in line 2 already, in whose place this row comes");
 }
-
-struct BadTable {
-    char const * name;
-    char const * text;
-    char const * message;
-};
-
-class TrackTableRefusal : public testing::TestWithParam<BadTable> {};
-
-TEST_P(TrackTableRefusal, names_the_line_and_the_column) {
-    try {
-        TrackTable::fromText(GetParam().text, QStringLiteral("t.csv"));
-        ADD_FAILURE() << "was read";
-    } catch (vxproject::FileError const & error) {
-        EXPECT_STREQ(error.what(), GetParam().message);
-    }
-}
-
-#define VX_HEADER "frame,h11,h12,h13,h21,h22,h23,h31,h32,h33\n"
-INSTANTIATE_TEST_SUITE_P(Tables, TrackTableRefusal,
-                         testing::Values(BadTable{"empty", "", "t.csv: holds no table: there is no header line"},
-                                         BadTable{"no_column", "# c\nframe,h11,h12,h13,h21,h22,h23,h31,h32\n",
-                                                  "t.csv:2: the header has no column 'h33'"},
-                                         BadTable{"two_columns", "frame,h11,h11,h12,h13,h21,h22,h23,h31,h32,h33\n",
-                                                  "t.csv:1: the header has two columns 'h11'"},
-                                         BadTable{"few_fields", VX_HEADER "1,1,0,0\n",
-                                                  "t.csv:2: the row has 4 fields, the header 10"},
-                                         BadTable{"no_number", VX_HEADER "1,1,0,0,0,1,0,0,x,1\n",
-                                                  "t.csv:2: column 'h32' holds 'x', which is no finite number"},
-                                         BadTable{"no_frame", VX_HEADER ",1,0,0,0,1,0,0,0,1\n",
-                                                  "t.csv:2: column 'frame' holds '', which is no finite number"},
-                                         BadTable{"infinite", VX_HEADER "1,1e999,0,0,0,1,0,0,0,1\n",
-                                                  "t.csv:2: column 'h11' holds '1e999', which is no finite number"}),
-                         [](testing::TestParamInfo<BadTable> const & row) { return std::string(row.param.name); });
-#undef VX_HEADER
 
 // Import
 
