@@ -4,7 +4,7 @@
 # The lens was calibrated from 13 photographs of a chessboard, 640 by 480 pixels, with a mean reprojection error of 0.39
 # pixels. It belongs to another camera than the one that the box was filmed with, and stands in for that one.
 #
-# usage: awk -f lens.awk [-v clip=1] [-v lens=1]
+# usage: awk -f lens.awk [-v clip=1] [-v lens=1] [-v plate=FOLDER]     the folder of the clip's pictures
 
 function curve(r) { return r * (1 + k1 * r ^ 2 + k2 * r ^ 4 + k3 * r ^ 6) }
 function slope(r) { return 1 + 3 * k1 * r ^ 2 + 5 * k2 * r ^ 4 + 7 * k3 * r ^ 6 }
@@ -52,6 +52,16 @@ BEGIN {
     print picture "FrameHeight.value=" height
     print picture "FilmBackWidth.value=" back
     print picture "FilmBackHeight.value=" back * height / width
+    if (plate) {
+        source = "Clip[" clip "].Source.Core."
+        print source "ClipDirectory.value=\"" plate "\""
+        print source "ClipPrefix.value=\"box.\""
+        print source "ClipSuffix.value=\".jpg\""
+        print source "MaximumIndex.value=390"
+        print source "IndexWidth.value=4"
+        print source "HasIndex.value=1"
+        print source "ClipLength.value=391"
+    }
     set = "Lens[" lens "].Camera."
     print "Lens[" lens "].Name.value=\"chessboard lens\""
     print set "InputClipID.value=" clip

@@ -47,7 +47,8 @@ echo "measured homography back to rounding. The limit is 0.05 pixels."
 
 echo
 echo "The same through a lens: out of it, along with the track, and into it again. The lens is another camera's:"
-awk -f "$(dirname "$measured")/lens.awk" 2>&1 >> "$project"
+here=$(dirname "$measured")
+awk -f "$here/lens.awk" -v plate="$here/plate" 2>&1 >> "$project"
 sed -i 's/^\(Layer\[1\]\.跟踪\.InputClipID\.value=\)0$/\11/' "$project"
 "$vxproject" lens "$project" --lens 1 --frames 0
 "$vxproject" warp "$project" --layer 1 --points "$corners" --frames 0-390x65 | in_columns
