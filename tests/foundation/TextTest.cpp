@@ -80,17 +80,8 @@ TEST_F(Translation, both_declared_functions_ask_alike) {
     QCoreApplication::installTranslator(&translator);
     EXPECT_EQ(Translated::tr("Name"), QString("SomeSet|Name||-1"));
     EXPECT_EQ(Translated::trUtf8("Name"), Translated::tr("Name"));
-    EXPECT_EQ(Translated::tr("Name", "of a clip"), QString("SomeSet|Name|of a clip|-1"));
-    EXPECT_EQ(Translated::trUtf8("Name", "of a clip", 2), QString("SomeSet|Name|of a clip|2"));
+    EXPECT_EQ(Translated::tr("Name", "of a clip", 2), QString("SomeSet|Name|of a clip|2"));
     EXPECT_EQ(Translated::trUtf8("Name", "of a clip", 2), Translated::tr("Name", "of a clip", 2));
-}
-
-TEST(Strings, fixed_names_are_utf8) {
-    EXPECT_EQ(QString::fromUtf8(VX::Strings::ModuleName::TRACK2D), QString::fromUtf16(u"\u8DDF\u8E2A"));
-    EXPECT_EQ(QString::fromUtf8(VX::Strings::ModuleName::CAMERASOLVE),
-              QString::fromUtf16(u"\u6444\u50CF\u673A\u89E3\u7B97"));
-    EXPECT_STREQ(VX::Strings::ModuleName::ROTOLP, "ODM");
-    EXPECT_EQ(QString(VX::Strings::MATTE_CLIP_PREFIX_FORMAT).arg("plate"), QString("Matte for plate"));
 }
 
 } // namespace

@@ -12,11 +12,8 @@ namespace {
 constexpr Gan_Matrix33 untouched{9, 9, 9, 9, 9, 9, 9, 9, 9};
 
 void expectIdentity(Gan_Matrix33 const & m, double tolerance) {
-    Gan_Vector3 const x = m * Gan_Vector3{1, 0, 0};
-    Gan_Vector3 const y = m * Gan_Vector3{0, 1, 0};
-    Gan_Vector3 const z = m * Gan_Vector3{0, 0, 1};
     double const expected[] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
-    double const actual[] = {x.x, x.y, x.z, y.x, y.y, y.z, z.x, z.y, z.z};
+    double const actual[] = {m.xx, m.xy, m.xz, m.yx, m.yy, m.yz, m.zx, m.zy, m.zz};
     for (int i = 0; i < 9; ++i)
         EXPECT_NEAR(actual[i], expected[i], tolerance) << i;
 }
@@ -65,9 +62,7 @@ TEST(Matrix33, inverse_undoes_random_matrices_of_any_size) {
 TEST(Matrix33, inverse_may_replace_its_matrix) {
     Gan_Matrix33 m{2, 0, 0, 0, 4, 0, 0, 0, 8};
     ASSERT_NE(gan_mat33_invert(&m, &m, nullptr), 0);
-    EXPECT_EQ(m.xx, 0.5);
-    EXPECT_EQ(m.yy, 0.25);
-    EXPECT_EQ(m.zz, 0.125);
+    expectIdentity(m * Gan_Matrix33{2, 0, 0, 0, 4, 0, 0, 0, 8}, 0);
 }
 
 TEST(Matrix33, unlike_scales_of_rows_and_columns_do_not_make_a_matrix_singular) {

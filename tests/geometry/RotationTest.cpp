@@ -91,8 +91,8 @@ TEST_F(Rotation, forms_come_back_from_one_another_half_turns_included) {
 
 TEST_F(Rotation, quaternion_of_any_length_or_sign_is_the_same_rotation) {
     Gan_Matrix33 const expected = matrixOf(Gan_Quaternion{0.5, 0.1, -0.7, 0.3});
-    expectNear(matrixOf(Gan_Quaternion{-0.5, -0.1, 0.7, -0.3}), expected, 1e-15);
-    expectNear(matrixOf(Gan_Quaternion{0.5e200, 0.1e200, -0.7e200, 0.3e200}), expected, 1e-15);
+    for (double const f : {-1.0, 1e200})
+        expectNear(matrixOf(Gan_Quaternion{0.5 * f, 0.1 * f, -0.7 * f, 0.3 * f}), expected, 1e-15);
 }
 
 TEST_F(Rotation, what_is_no_rotation_becomes_the_identity) {
@@ -128,27 +128,21 @@ TEST_F(Rotation, euler_angles_come_back_in_degrees) {
 
 TEST_F(Rotation, euler_angles_near_and_at_a_right_angle_make_the_same_rotation) {
     for (double const fromRightAngle : {0.0, 1e-16, 1e-12, 1e-8, 1e-4}) {
-        for (double const sign : {-1.0, 1.0}) {
-            for (int n = 0; n < 100; ++n) {
-                Gan_Vector3 const radians{3.0 * unit(), sign * (0.5 * pi - fromRightAngle), 3.0 * unit()};
-                Gan_Matrix33 const matrix = matrixOf(sfm_euler2quaternion(radians));
-                Gan_Vector3 back = eulerFromMatrix(matrix);
-                EXPECT_LE(std::fabs(back.y), 90.0);
-                if (fromRightAngle == 0.0) {
-                    EXPECT_EQ(back.z, 0.0);
-                }
-                back *= pi / 180.0;
-                expectNear(matrixOf(sfm_euler2quaternion(back)), matrix, 1e-14);
-            }
+        for (int n = 0; n < 200; ++n) {
+            double const y = std::copysign(0.5 * pi - fromRightAngle, unit());
+            Gan_Matrix33 const matrix = matrixOf(sfm_euler2quaternion({3.0 * unit(), y, 3.0 * unit()}));
+            Gan_Vector3 back = eulerFromMatrix(matrix);
+            EXPECT_LE(std::fabs(back.y), 90.0);
+            EXPECT_TRUE(fromRightAngle > 0.0 || back.z == 0.0) << back.z;
+            back *= pi / 180.0;
+            expectNear(matrixOf(sfm_euler2quaternion(back)), matrix, 1e-14);
         }
     }
-    expectNear(eulerFromMatrix({0, 0, 1, 0, 1, 0, -1, 0, 0}), {0, 90, 0}, 0.0);
 }
 
 TEST_F(Rotation, vector_operators_act_in_place) {
     Gan_Vector3 v{1, -2, 3};
-    expectNear(v *= 2.0, {2, -4, 6}, 0.0);
-    expectNear(v += {1, 1, 1}, {3, -3, 7}, 0.0);
+    (v *= 2.0) += {1, 1, 1};
     expectNear(v, {3, -3, 7}, 0.0);
 }
 

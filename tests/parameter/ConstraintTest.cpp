@@ -1,37 +1,28 @@
-#include "parameter/NumericParameter.h"
-#include "parameter/support/ChangeRecorder.h"
+#include "parameter/support/ParameterTest.h"
 
 #include <algorithm>
-#include <gtest/gtest.h>
+#include <functional>
 #include <memory>
 
 namespace {
 
+using namespace Kyn;
 using namespace Test;
-using Kyn::Context;
-using Kyn::NumericParameter;
-using Kyn::Parameter;
-using Kyn::ProxyScale;
-using Kyn::Time;
-using Kyn::View;
 
 typedef NumericParameter<double> Number;
-typedef std::vector<Kyn::ParameterWithoutType *> Links;
-
-Context at(double time, int view = 0) {
-    return Context(Time(time), View(view), ProxyScale::NONE);
-}
+typedef std::vector<ParameterWithoutType *> Links;
 
 class Constraint : public testing::Test {
 protected:
     Constraint() {
-        master.setDefaultInterpolation(Kyn::INTERPOLATION_LINEAR);
-        master.setExtrapolationBefore(Kyn::EXTRAPOLATION_LINEAR);
-        master.setExtrapolationAfter(Kyn::EXTRAPOLATION_CONSTANT);
-        master.setValue(10, at(10));
-        master.setValue(20, at(20));
-        slave.setValue(1, at(1));
+        master.setDefaultInterpolation(INTERPOLATION_LINEAR);
+        master.setExtrapolationBefore(EXTRAPOLATION_LINEAR);
+        master.setExtrapolationAfter(EXTRAPOLATION_CONSTANT);
+        setKeys(master, {10, 20});
+        setKeys(slave, {1});
     }
+
+    bool isMastered() { return slave.masterParameter() == static_cast<ParameterWithoutType *>(&master); }
 
     Number master{true, "master"};
     Number slave{true, "slave"};
@@ -39,16 +30,14 @@ protected:
 
 TEST_F(Constraint, forwards_values_and_modes_but_no_question_about_own_keys_and_no_write) {
     ASSERT_TRUE(master.bAddConstrainedParameter(&slave));
-    EXPECT_TRUE(slave.isConstrained());
-    EXPECT_EQ(slave.masterParameter(), static_cast<Kyn::ParameterWithoutType *>(&master));
+    EXPECT_TRUE(slave.isConstrained() && isMastered());
     EXPECT_EQ(slave.value(at(15)), 15.0);
-    EXPECT_EQ(slave.extrapolationBefore(), Kyn::EXTRAPOLATION_LINEAR);
-    EXPECT_EQ(slave.extrapolationAfter(), Kyn::EXTRAPOLATION_CONSTANT);
-    EXPECT_EQ(slave.interpolation(at(15)), Kyn::INTERPOLATION_LINEAR);
-    EXPECT_EQ(slave.interpolationData({&slave, View(0), 1}).eType, Kyn::INTERPOLATION_LINEAR);
-    EXPECT_EQ(slave.interpolation(Kyn::KeyframeIndex{&slave, View(0), 0}), Kyn::INTERPOLATION_NONE);
-    EXPECT_EQ(slave.numKeyframes(View(0)), 1u);
-    EXPECT_TRUE(slave.isKeyframe(at(1)));
+    EXPECT_EQ(slave.extrapolationBefore(), EXTRAPOLATION_LINEAR);
+    EXPECT_EQ(slave.extrapolationAfter(), EXTRAPOLATION_CONSTANT);
+    EXPECT_EQ(slave.interpolation(at(15)), INTERPOLATION_LINEAR);
+    EXPECT_EQ(recordOf(slave, 1).eType, INTERPOLATION_LINEAR);
+    EXPECT_EQ(slave.interpolation(KeyframeIndex{&slave, View(0), 0}), INTERPOLATION_NONE);
+    EXPECT_EQ(timesOf(slave), Times{1});
     EXPECT_FALSE(slave.isKeyframe(at(10)));
     unsigned int nearest = 9;
     EXPECT_TRUE(slave.bNearestKeyframeIndex(at(30), nearest));
@@ -74,9 +63,8 @@ TEST_F(Constraint, limits_of_the_slave_hold_above_those_of_the_master) {
 TEST_F(Constraint, is_refused_where_it_makes_no_sense) {
     Number second(true, "second");
     NumericParameter<float> other(true, "other");
-    EXPECT_FALSE(master.bAddConstrainedParameter(nullptr));
-    EXPECT_FALSE(master.bAddConstrainedParameter(&master));
-    EXPECT_FALSE(master.bAddConstrainedParameter(&other));
+    for (ParameterWithoutType * const nonsense : Links{nullptr, &master, &other})
+        EXPECT_FALSE(master.bAddConstrainedParameter(nonsense));
     ASSERT_TRUE(master.bAddConstrainedParameter(&slave));
     EXPECT_FALSE(master.bAddConstrainedParameter(&slave)) << "twice";
     EXPECT_FALSE(second.bAddConstrainedParameter(&slave)) << "two masters";
@@ -93,8 +81,7 @@ TEST_F(Constraint, copy_has_the_same_master_and_none_of_the_followers) {
         EXPECT_EQ(copy.masterParameter(), slave.masterParameter());
         EXPECT_EQ(copy.value(at(15)), 15.0);
         EXPECT_EQ(master.constrainedParameters().size(), 2u);
-        Number const masterCopy(master);
-        EXPECT_TRUE(masterCopy.constrainedParameters().empty());
+        EXPECT_TRUE(Number(master).constrainedParameters().empty());
     }
     EXPECT_EQ(master.constrainedParameters(), Links{&slave});
 }
@@ -104,7 +91,7 @@ TEST_F(Constraint, assignment_and_mementos_leave_the_links_alone) {
     master.bAddConstrainedParameter(&slave);
     boost::shared_ptr<Tov::MementoBase> const linked = slave.exportState();
     slave = other;
-    EXPECT_EQ(slave.masterParameter(), static_cast<Kyn::ParameterWithoutType *>(&master));
+    EXPECT_TRUE(isMastered());
     other = slave;
     EXPECT_FALSE(other.isConstrained());
     slave.bUnconstrain();
@@ -113,51 +100,29 @@ TEST_F(Constraint, assignment_and_mementos_leave_the_links_alone) {
 }
 
 // Nobody is left with a pointer to the dead, whoever goes first. The sanitizers see the rest.
-TEST(ConstraintLifetime, any_order_of_destruction_is_safe) {
-    enum Who { MASTER, SLAVE, COPY, GRANDCHILD, MEMENTO, COUNT };
-    std::vector<int> order{MASTER, SLAVE, COPY, GRANDCHILD, MEMENTO};
+TEST_F(Constraint, any_order_of_destruction_is_safe) {
+    std::vector<int> order{0, 1, 2, 3, 4};
     do {
-        auto master = std::make_unique<Number>(true, "master");
-        auto slave = std::make_unique<Number>(true, "slave");
-        auto grandchild = std::make_unique<Parameter<double>>(true, "grandchild");
-        master->setStaticValue(1, View(0));
-        slave->setStaticValue(2, View(0));
-        grandchild->setStaticValue(3, View(0));
-        ASSERT_TRUE(master->bAddConstrainedParameter(slave.get()));
-        ASSERT_TRUE(slave->bAddConstrainedParameter(grandchild.get()));
-        auto copy = std::make_unique<Number>(*slave);
-        boost::shared_ptr<Tov::MementoBase> memento = slave->exportState();
+        auto top = std::make_unique<Number>(true, "top");
+        auto middle = std::make_unique<Number>(true, "middle");
+        auto last = std::make_unique<Parameter<double>>(true, "last");
+        top->setStaticValue(1, View(0));
+        middle->setStaticValue(2, View(0));
+        last->setStaticValue(3, View(0));
+        ASSERT_TRUE(top->bAddConstrainedParameter(middle.get()) && middle->bAddConstrainedParameter(last.get()));
+        auto copy = std::make_unique<Number>(*middle);
+        boost::shared_ptr<Tov::MementoBase> memento = middle->exportState();
+        std::function<void()> const ends[] = {[&] { top.reset(); }, [&] { middle.reset(); }, [&] { copy.reset(); },
+                                              [&] { last.reset(); }, [&] { memento.reset(); }};
         for (int const who : order) {
-            switch (who) {
-            case MASTER:
-                master.reset();
-                break;
-            case SLAVE:
-                slave.reset();
-                break;
-            case COPY:
-                copy.reset();
-                break;
-            case GRANDCHILD:
-                grandchild.reset();
-                break;
-            default:
-                memento.reset();
-            }
-            double const top = master ? 1 : 2;
-            if (slave) {
-                ASSERT_EQ(slave->value(at(0)), top);
-                ASSERT_EQ(slave->isConstrained(), master != nullptr);
-            }
-            if (copy) {
-                ASSERT_EQ(copy->value(at(0)), top);
-            }
-            if (grandchild) {
-                ASSERT_EQ(grandchild->value(at(0)), slave ? top : 3);
-            }
-            if (memento && grandchild) {
-                grandchild->importState(memento);
-                grandchild->setStaticValue(3, View(0));
+            ends[who]();
+            double const highest = top ? 1 : 2;
+            ASSERT_TRUE(!middle || (middle->value(at(0)) == highest && middle->isConstrained() == (top != nullptr)));
+            ASSERT_TRUE(!copy || copy->value(at(0)) == highest);
+            ASSERT_TRUE(!last || last->value(at(0)) == (middle ? highest : 3));
+            if (memento && last) {
+                last->importState(memento);
+                last->setStaticValue(3, View(0));
             }
         }
     } while (std::next_permutation(order.begin(), order.end()));
@@ -165,43 +130,27 @@ TEST(ConstraintLifetime, any_order_of_destruction_is_safe) {
 
 // Commands
 
-TEST_F(Constraint, unconstrain_command_cuts_and_links_again) {
-    master.bAddConstrainedParameter(&slave);
-    Tov::CompositeCommand commands;
-    EXPECT_EQ(&slave.bUnconstrainCommand(commands), &commands);
-    EXPECT_EQ(commands.size(), 1u);
-    EXPECT_TRUE(slave.isConstrained()) << "a command does nothing until it runs";
-    for (int round = 0; round < 2; ++round) {
-        EXPECT_TRUE(commands.redo());
-        EXPECT_FALSE(slave.isConstrained());
-        EXPECT_TRUE(master.constrainedParameters().empty());
-        commands.undo();
-        EXPECT_EQ(slave.masterParameter(), static_cast<Kyn::ParameterWithoutType *>(&master));
-    }
-}
-
-TEST_F(Constraint, remove_command_cuts_only_from_the_master_it_was_asked_of) {
+TEST_F(Constraint, commands_cut_and_link_again_and_only_from_the_master_they_were_asked_of) {
     Number other(true, "other");
     master.bAddConstrainedParameter(&slave);
-    for (Kyn::ParameterWithoutType * const nobody :
-         {static_cast<Kyn::ParameterWithoutType *>(nullptr), static_cast<Kyn::ParameterWithoutType *>(&master)}) {
-        Tov::CompositeCommand refused;
-        master.bRemoveConstrainedParameterCommand(nobody, refused);
-        EXPECT_EQ(refused.size(), 1u);
-        EXPECT_FALSE(refused.redo());
-        refused.undo();
-    }
-    Tov::CompositeCommand stranger;
-    other.bRemoveConstrainedParameterCommand(&slave, stranger);
-    EXPECT_FALSE(stranger.redo());
-    stranger.undo();
-    EXPECT_TRUE(slave.isConstrained());
-    Tov::CompositeCommand commands;
-    EXPECT_EQ(&master.bRemoveConstrainedParameterCommand(&slave, commands), &commands);
-    EXPECT_TRUE(commands.redo());
-    EXPECT_FALSE(slave.isConstrained());
-    commands.undo();
-    EXPECT_TRUE(slave.isConstrained());
+    auto const cuts = [this](auto const & push) {
+        Tov::CompositeCommand commands;
+        EXPECT_EQ(&push(commands), &commands);
+        EXPECT_EQ(commands.size(), 1u);
+        EXPECT_TRUE(isMastered()) << "a command does nothing until it runs";
+        bool const cut = commands.redo();
+        EXPECT_EQ(slave.isConstrained(), !cut);
+        EXPECT_EQ(master.constrainedParameters().empty(), cut);
+        commands.undo();
+        EXPECT_TRUE(isMastered());
+        return cut;
+    };
+    typedef Tov::CompositeCommand C;
+    EXPECT_TRUE(cuts([&](C & c) -> C & { return slave.bUnconstrainCommand(c); }));
+    EXPECT_TRUE(cuts([&](C & c) -> C & { return master.bRemoveConstrainedParameterCommand(&slave, c); }));
+    EXPECT_FALSE(cuts([&](C & c) -> C & { return other.bRemoveConstrainedParameterCommand(&slave, c); }));
+    EXPECT_FALSE(cuts([&](C & c) -> C & { return master.bRemoveConstrainedParameterCommand(&master, c); }));
+    EXPECT_FALSE(cuts([&](C & c) -> C & { return master.bRemoveConstrainedParameterCommand(nullptr, c); }));
 }
 
 TEST_F(Constraint, commands_built_ahead_of_each_other_see_what_those_before_have_done) {

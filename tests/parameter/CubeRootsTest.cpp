@@ -92,69 +92,42 @@ Cubic withRoots(double p, double q, double r) {
 }
 
 struct Exact {
-    char const * name;
     Cubic cubic;
     double roots[3];
 };
 
-class ExactRoots : public testing::TestWithParam<Exact> {};
-
-TEST_P(ExactRoots, come_out_ascending_and_to_the_last_digit) {
-    Roots const roots = solve(GetParam().cubic);
-    ASSERT_EQ(roots.count, 3);
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(roots.values[i][0], GetParam().roots[i]) << i;
-        EXPECT_EQ(roots.values[i][1], 0.0) << i;
+TEST(CubeRoots, exact_ones_come_out_ascending_and_to_the_last_digit) {
+    for (auto const & [cubic, expected] : {Exact{withRoots(-4, 0.5, 8), {-4, 0.5, 8}},
+                                           {withRoots(1, 1, 3), {1, 1, 3}},
+                                           {withRoots(-5, 7, 7), {-5, 7, 7}},
+                                           {withRoots(1.5, 1.5, 1.5), {1.5, 1.5, 1.5}},
+                                           {{0, 0, 0}, {0, 0, 0}},
+                                           {{-3, 0, 0}, {0, 0, 3}},
+                                           {{0, -4, 0}, {-2, 0, 2}},
+                                           {{-2, 1, 0}, {0, 1, 1}},
+                                           {{-0x1p1000, 0x1p0, 0}, {0, 0x1p-1000, 0x1p1000}}}) {
+        Roots const roots = solve(cubic);
+        ASSERT_EQ(roots.count, 3) << cubic;
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_EQ(roots.values[i][0], expected[i]) << cubic << ", root " << i;
+            EXPECT_EQ(roots.values[i][1], 0.0) << cubic << ", root " << i;
+        }
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    , ExactRoots,
-    testing::Values(
-        Exact{"distinct", withRoots(1, 2, 3), {1, 2, 3}}, Exact{"both_signs", withRoots(-4, 0.5, 8), {-4, 0.5, 8}},
-        Exact{"double_below_simple", withRoots(1, 1, 3), {1, 1, 3}},
-        Exact{"double_above_simple", withRoots(-5, 7, 7), {-5, 7, 7}},
-        Exact{"triple", withRoots(1.5, 1.5, 1.5), {1.5, 1.5, 1.5}},
-        Exact{"triple_large", withRoots(0x1p300, 0x1p300, 0x1p300), {0x1p300, 0x1p300, 0x1p300}},
-        Exact{"triple_small", withRoots(-0x1p-300, -0x1p-300, -0x1p-300), {-0x1p-300, -0x1p-300, -0x1p-300}},
-        Exact{"all_zero", {0, 0, 0}, {0, 0, 0}}, Exact{"two_zero", {-3, 0, 0}, {0, 0, 3}},
-        Exact{"one_zero", {-3, 2, 0}, {0, 1, 2}}, Exact{"zero_in_the_middle", {0, -4, 0}, {-2, 0, 2}},
-        Exact{"zero_and_a_double_root", {-2, 1, 0}, {0, 1, 1}}, Exact{"largest", {-DBL_MAX, 0, 0}, {0, 0, DBL_MAX}},
-        Exact{"zero_and_extremes", {-0x1p1000, 0x1p0, 0}, {0, 0x1p-1000, 0x1p1000}}),
-    [](auto const & test) { return std::string(test.param.name); });
-
-struct Awkward {
-    char const * name;
-    Cubic cubic;
-};
-
-class AwkwardCubic : public testing::TestWithParam<Awkward> {};
-
-TEST_P(AwkwardCubic, real_roots_are_within_two_units_and_as_many_as_there_are) {
-    expectRoots(GetParam().cubic);
+TEST(CubeRoots, real_ones_of_awkward_cubics_are_within_two_units_and_as_many_as_there_are) {
+    std::vector<Cubic> const rootsFarApart{
+        {-1e10, 1, -1e-10}, {-1e200, 1, -1e-250}, {1e300, 1e300, 1e-300}, {1, 1e300, 1e-300}};
+    std::vector<Cubic> const extremeSizes{{DBL_MAX, -DBL_MAX, DBL_MAX}, {-DBL_MAX, -DBL_MAX, -DBL_MAX},
+                                          {-DBL_MAX, -DBL_MAX, 1},      {DBL_TRUE_MIN, DBL_TRUE_MIN, DBL_TRUE_MIN},
+                                          {1, -1, DBL_TRUE_MIN},        {0, 0, DBL_TRUE_MIN}};
+    std::vector<Cubic> const nextToMultipleRoots{
+        {-3, 3, moved(-1, -1)}, {-3, 3, moved(-1, 1)},  {-3, moved(3, -1), moved(-1, 1)},
+        {-5, 7, moved(-3, 1)},  {-5, 7, moved(-3, -1)}, withRoots(1, 1 + 0x1p-26, 1 - 0x1p-26)};
+    for (std::vector<Cubic> const & cubics : {rootsFarApart, extremeSizes, nextToMultipleRoots})
+        std::for_each(cubics.begin(), cubics.end(), expectRoots);
+    expectRoots({3e15, -3e15, 1e15}); // Of a Bezier segment with nearly equal handles.
 }
-
-INSTANTIATE_TEST_SUITE_P(, AwkwardCubic,
-                         testing::Values(Awkward{"roots_far_apart", {-1e10, 1, -1e-10}},
-                                         Awkward{"roots_farther_apart", {-1e200, 1, -1e-250}},
-                                         Awkward{"roots_farthest_apart", {1e300, 1e300, 1e-300}},
-                                         Awkward{"large_coefficients", {1e300, -1e300, 1e300}},
-                                         Awkward{"largest_coefficients", {DBL_MAX, -DBL_MAX, DBL_MAX}},
-                                         Awkward{"largest_coefficients_mirrored", {-DBL_MAX, -DBL_MAX, -DBL_MAX}},
-                                         Awkward{"root_above_the_largest_double", {-DBL_MAX, -DBL_MAX, 1}},
-                                         Awkward{"smallest_coefficients", {DBL_TRUE_MIN, DBL_TRUE_MIN, DBL_TRUE_MIN}},
-                                         Awkward{"smallest_constant", {1, -1, DBL_TRUE_MIN}},
-                                         Awkward{"root_below_the_smallest_double", {1, 1e300, 1e-300}},
-                                         Awkward{"cube_root", {0, 0, -2}},
-                                         Awkward{"cube_root_of_the_smallest", {0, 0, DBL_TRUE_MIN}},
-                                         Awkward{"next_to_triple_below", {-3, 3, moved(-1, -1)}},
-                                         Awkward{"next_to_triple_above", {-3, 3, moved(-1, 1)}},
-                                         Awkward{"next_to_triple_three_real", {-3, moved(3, -1), moved(-1, 1)}},
-                                         Awkward{"next_to_double_two_real", {-5, 7, moved(-3, 1)}},
-                                         Awkward{"next_to_double_complex", {-5, 7, moved(-3, -1)}},
-                                         Awkward{"wilkinson", withRoots(1, 1 + 0x1p-26, 1 - 0x1p-26)},
-                                         Awkward{"bezier_with_nearly_equal_handles", {3e15, -3e15, 1e15}}),
-                         [](auto const & test) { return std::string(test.param.name); });
 
 class RandomCubics : public testing::Test {
 protected:
@@ -165,44 +138,26 @@ protected:
     std::mt19937_64 m_generator{7};
 };
 
-TEST_F(RandomCubics, of_ordinary_size) {
-    for (int i = 0; i < 2000; ++i)
+TEST_F(RandomCubics, of_all_sizes) {
+    for (int i = 0; i < 700; ++i) {
         expectRoots({unit(), unit(), unit()});
-}
-
-TEST_F(RandomCubics, of_wildly_different_sizes) {
-    for (int limit : {20, 60, 300, 1000})
-        for (int i = 0; i < 700; ++i)
+        for (int const limit : {20, 60, 300, 1000})
             expectRoots({wild(limit), wild(limit), wild(limit)});
-}
-
-TEST_F(RandomCubics, with_roots_of_different_sizes) {
-    for (int limit : {10, 60, 300})
-        for (int i = 0; i < 700; ++i)
+        for (int const limit : {10, 60, 300})
             expectRoots(withRoots(wild(limit), wild(limit), wild(limit)));
+    }
 }
 
-TEST_F(RandomCubics, a_few_units_from_a_double_root) {
+TEST_F(RandomCubics, a_few_units_from_multiple_roots) {
     for (int i = 0; i < 2000; ++i) {
         double const root = whole(1000);
-        Cubic cubic = withRoots(root, root, wild(40));
-        cubic.c = moved(cubic.c, whole(2));
-        expectRoots(cubic);
-    }
-}
-
-TEST_F(RandomCubics, a_few_units_from_a_triple_root) {
-    for (int i = 0; i < 2000; ++i) {
-        double const root = unit();
-        Cubic cubic = withRoots(root, root, root);
-        expectRoots({cubic.a, moved(cubic.b, whole(2)), moved(cubic.c, whole(2))});
-    }
-}
-
-TEST_F(RandomCubics, with_a_double_root_that_is_small_beside_the_third) {
-    for (int i = 0; i < 1000; ++i) {
-        double const root = std::ldexp(whole(1000), whole(300));
-        expectRoots(withRoots(root, root, std::ldexp(whole(1000), whole(300))));
+        Cubic const twofold = withRoots(root, root, wild(40));
+        expectRoots({twofold.a, twofold.b, moved(twofold.c, whole(2))});
+        double const share = unit();
+        Cubic const threefold = withRoots(share, share, share);
+        expectRoots({threefold.a, moved(threefold.b, whole(2)), moved(threefold.c, whole(2))});
+        double const far = std::ldexp(whole(1000), whole(300));
+        expectRoots(withRoots(far, far, std::ldexp(whole(1000), whole(300))));
     }
 }
 

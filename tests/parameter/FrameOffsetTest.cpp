@@ -21,19 +21,15 @@ protected:
     }
 };
 
-TEST_F(FrameOffset, is_asked_anew_at_each_conversion) {
+TEST_F(FrameOffset, is_asked_anew_at_each_conversion_and_wraps_in_32_bits) {
     KynFrameOffset const frame = made();
     EXPECT_EQ(frame.toDisplay(0, at(0)), 100u);
     EXPECT_EQ(frame.fromDisplay(120, at(0)), 20u);
+    EXPECT_EQ(frame.fromDisplay(90, at(0)), 4294967286u);
+    EXPECT_EQ(frame.toDisplay(4294967286u, at(0)), 90u);
     firstFrame = -5;
     EXPECT_EQ(frame.toDisplay(7, at(0)), 2u);
     EXPECT_EQ(frame.fromDisplay(2, at(0)), 7u);
-}
-
-TEST_F(FrameOffset, wraps_in_32_bits) {
-    KynFrameOffset const frame = made();
-    EXPECT_EQ(frame.fromDisplay(90, at(0)), 4294967286u);
-    EXPECT_EQ(frame.toDisplay(4294967286u, at(0)), 90u);
 }
 
 TEST_F(FrameOffset, limits_and_script_are_of_the_stored_number) {

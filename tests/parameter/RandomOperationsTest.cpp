@@ -1,21 +1,16 @@
 // Random operations on a parameter and on its plainest model: results, notifications and whole state stay the same.
 // What this law covers (guards, bad indices, neighbours, views of negative or far ids) has few cases elsewhere.
 
-#include "parameter/NumericParameter.h"
 #include "parameter/support/ParameterModel.h"
-
-#include <gtest/gtest.h>
+#include "parameter/support/ParameterTest.h"
 
 #include <optional>
 #include <random>
 
 namespace {
 
+using namespace Kyn;
 using namespace Test;
-using Kyn::Context;
-using Kyn::ProxyScale;
-using Kyn::Time;
-using Kyn::View;
 
 enum class Computing { Held, Numeric };
 
@@ -23,20 +18,8 @@ template <class T, Computing computing>
 struct Kind {
     typedef T Value;
     static constexpr bool numeric = computing == Computing::Numeric;
-    typedef std::conditional_t<numeric, Kyn::NumericParameter<T>, Kyn::Parameter<T>> Type;
+    typedef std::conditional_t<numeric, NumericParameter<T>, Parameter<T>> Type;
 };
-
-template <class T>
-T valueOf(unsigned int number) {
-    if constexpr (std::is_same_v<T, QString>)
-        return QString::number(number);
-    else if constexpr (std::is_same_v<T, bool>)
-        return number % 2 != 0;
-    else if constexpr (std::is_floating_point_v<T>)
-        return static_cast<T>(number) * T(0.5) - T(2);
-    else
-        return static_cast<T>(number);
-}
 
 template <class T>
 bool same(T const & a, T const & b) {
@@ -44,10 +27,6 @@ bool same(T const & a, T const & b) {
         return a == b || (std::isnan(a) && std::isnan(b));
     else
         return a == b;
-}
-
-Context at(double time, int view) {
-    return Context(Time(time), View(view), ProxyScale::NONE);
 }
 
 struct Setting {
@@ -104,16 +83,16 @@ private:
     int view() { return VIEWS[pick(6)]; }
     double time() { return static_cast<double>(pick(24)) * 0.5 - 2.0; }
     unsigned int frame() { return pick(8); }
-    T someValue() { return valueOf<T>(pick(12)); }
+    T someValue() { return valueOf<T>(static_cast<int>(pick(12))); }
     unsigned int mode() { return pick(3); }
     unsigned int type() {
         if (K::numeric)
             return pick(3);
         return pick(6) == 5 ? 17u : pick(5);
     }
-    Kyn::InterpolationData record() {
+    InterpolationData record() {
         double const number = static_cast<double>(++records);
-        return {static_cast<Kyn::Interpolation>(type()), number, number + 0.25, number + 0.5, number + 0.75};
+        return {static_cast<Interpolation>(type()), number, number + 0.25, number + 0.5, number + 0.75};
     }
 
     void carryOut(unsigned int operation) {
@@ -132,7 +111,7 @@ private:
         case 2: {
             unsigned int const f = frame();
             std::vector<View> const all{View(v), View(view())};
-            parameter.addKeyframeAtFrame(Kyn::Frame(f), all);
+            parameter.addKeyframeAtFrame(Frame(f), all);
             for (View const one : all)
                 model.addKeyframe(f, one.id());
             break;
@@ -154,13 +133,13 @@ private:
         case 6:
         case 7: {
             unsigned int const newType = type();
-            parameter.setInterpolation(static_cast<Kyn::Interpolation>(newType), at(t, v));
+            parameter.setInterpolation(static_cast<Interpolation>(newType), at(t, v));
             model.setInterpolation(newType, t, v);
             break;
         }
         case 8:
         case 9: {
-            Kyn::InterpolationData const data = record();
+            InterpolationData const data = record();
             unsigned int const index = pick(6);
             parameter.setInterpolationData(data, index, View(v));
             model.setInterpolationData(data, index, v);
@@ -171,7 +150,7 @@ private:
             break;
         case 11: {
             unsigned int const newType = type();
-            parameter.setDefaultInterpolation(static_cast<Kyn::Interpolation>(newType));
+            parameter.setDefaultInterpolation(static_cast<Interpolation>(newType));
             model.defaultType = newType;
             break;
         }
@@ -217,7 +196,7 @@ private:
         case 22:
             // A "views" line clears the views in scripts that list them, silently as all reading.
             if (pick(4) == 0) {
-                ASSERT_TRUE(parameter.setFromScriptString("views=[0, 1]", Kyn::StreamVersion(2)));
+                ASSERT_TRUE(parameter.setFromScriptString("views=[0, 1]", StreamVersion(2)));
                 model.store.clear();
             }
             break;
@@ -232,11 +211,11 @@ private:
         if (!model.animatable)
             return;
         model.before = mode();
-        parameter.setExtrapolationBefore(static_cast<Kyn::Extrapolation>(model.before));
-        model.sent.push_back({Kyn::ParameterChange::ChangedExtrapolationBefore});
+        parameter.setExtrapolationBefore(static_cast<Extrapolation>(model.before));
+        model.sent.push_back({ParameterChange::ChangedExtrapolationBefore});
         model.after = mode();
-        parameter.setExtrapolationAfter(static_cast<Kyn::Extrapolation>(model.after));
-        model.sent.push_back({Kyn::ParameterChange::ChangedExtrapolationAfter});
+        parameter.setExtrapolationAfter(static_cast<Extrapolation>(model.after));
+        model.sent.push_back({ParameterChange::ChangedExtrapolationAfter});
     }
 
     void saveOrRestore() {
@@ -247,18 +226,15 @@ private:
         }
         parameter.importState(saved);
         model = *savedModel;
-        model.sent = {{Kyn::ParameterChange::ParameterCopied}};
+        model.sent = {{ParameterChange::ParameterCopied}};
         if (pick(2) == 0)
             saved.reset();
     }
 
     void compareViews() {
-        std::vector<int> ids;
-        for (View const one : parameter.views())
-            ids.push_back(one.id());
-        ASSERT_EQ(ids, model.views());
-        ASSERT_EQ(parameter.numViews(), ids.size());
-        ASSERT_EQ(parameter.isSplit(), ids.size() > 1);
+        ASSERT_EQ(idsOf(parameter), model.views());
+        ASSERT_EQ(parameter.numViews(), model.views().size());
+        ASSERT_EQ(parameter.isSplit(), model.views().size() > 1);
         ASSERT_EQ(parameter.defaultValue(), model.defaultValue);
         for (int const v : VIEWS)
             ASSERT_EQ(parameter.hasView(View(v)), model.has(v)) << v;
@@ -273,14 +249,14 @@ private:
             for (unsigned int i = 0; i <= data.keys.size(); ++i) {
                 SCOPED_TRACE("key " + std::to_string(i));
                 bool const isKey = i < data.keys.size();
-                Kyn::KeyframeIndex const key{&parameter, View(v), i};
+                KeyframeIndex const key{&parameter, View(v), i};
                 Context const where = parameter.keyframeContext(i, View(v));
                 ASSERT_EQ(where, at(isKey ? data.keys[i].time : 0.0, v));
                 ASSERT_EQ(key.toContext(), v == -1 ? Context() : where);
                 ASSERT_TRUE(same(parameter.keyframeValue(i, View(v)), model.keyframeValue(i, v)));
-                Kyn::InterpolationData past;
-                past.eType = static_cast<Kyn::Interpolation>(model.animatable ? model.defaultType : 1u);
-                ASSERT_EQ(parameter.interpolation(key), isKey ? data.records[i].eType : Kyn::INTERPOLATION_CONSTANT);
+                InterpolationData past;
+                past.eType = static_cast<Interpolation>(model.animatable ? model.defaultType : 1u);
+                ASSERT_EQ(parameter.interpolation(key), isKey ? data.records[i].eType : INTERPOLATION_CONSTANT);
                 ASSERT_EQ(parameter.interpolationData(key), isKey ? data.records[i] : past);
             }
             for (double t = -3.0; t <= 11.0; t += 0.25)
@@ -295,30 +271,33 @@ private:
         ASSERT_EQ(parameter.isKeyframe(context), model.isKeyframe(t, v));
         ASSERT_EQ(parameter.interpolation(context), model.interpolation(t, v));
         unsigned int index = 99;
+        Time time(-99.0);
         int const nearest = model.nearest(t, v);
         ASSERT_EQ(parameter.bNearestKeyframeIndex(context, index), nearest >= 0);
         ASSERT_EQ(index, nearest >= 0 ? static_cast<unsigned int>(nearest) : 99u);
-        Time nearestTime(-99.0);
-        ASSERT_EQ(parameter.bNearestKeyframeTime(context, nearestTime), nearest >= 0);
-        ASSERT_EQ(nearestTime.toDouble(), nearest >= 0 ? timeOf(nearest, v) : -99.0);
-        Context found = at(-99.0, 99);
+        ASSERT_EQ(parameter.bNearestKeyframeTime(context, time), nearest >= 0);
+        ASSERT_EQ(time, contextOf(nearest, v).time());
+        Context found = contextOf(-1, v);
         int const previous = model.previous(t, v);
         ASSERT_EQ(parameter.bPreviousKeyframe(context, found), previous >= 0);
-        ASSERT_EQ(found, previous >= 0 ? at(timeOf(previous, v), v) : at(-99.0, 99));
-        found = at(-99.0, 99);
+        ASSERT_EQ(found, contextOf(previous, v));
+        found = contextOf(-1, v);
         int const next = model.next(t, v);
         ASSERT_EQ(parameter.bNextKeyframe(context, found), next >= 0);
-        ASSERT_EQ(found, next >= 0 ? at(timeOf(next, v), v) : at(-99.0, 99));
+        ASSERT_EQ(found, contextOf(next, v));
     }
 
-    double timeOf(int place, int v) { return model.read(v).keys[static_cast<std::size_t>(place)].time; }
+    /// Of a key by its place; of none what an output holds that nobody writes.
+    Context contextOf(int place, int v) {
+        return place < 0 ? at(-99.0, 99) : at(model.read(v).keys[static_cast<std::size_t>(place)].time, v);
+    }
 
     std::mt19937 random;
     int records = 0;
     typename K::Type parameter;
     ParameterModel<T> model;
     typename ParameterModel<T>::Limits limits{};
-    Kyn::Parameter<bool> flag{false, "flag"};
+    Parameter<bool> flag{false, "flag"};
     ParameterModel<bool> flagModel;
     boost::shared_ptr<Tov::MementoBase> saved;
     std::optional<ParameterModel<T>> savedModel;
@@ -329,8 +308,8 @@ class RandomOperations : public testing::Test {};
 
 typedef testing::Types<Kind<double, Computing::Held>, Kind<QString, Computing::Held>,
                        Kind<unsigned int, Computing::Held>, Kind<double, Computing::Numeric>,
-                       Kind<int, Computing::Numeric>, Kind<unsigned int, Computing::Numeric>,
-                       Kind<bool, Computing::Numeric>>
+                       Kind<float, Computing::Numeric>, Kind<int, Computing::Numeric>,
+                       Kind<unsigned int, Computing::Numeric>, Kind<bool, Computing::Numeric>>
     Kinds;
 TYPED_TEST_SUITE(RandomOperations, Kinds);
 

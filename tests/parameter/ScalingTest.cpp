@@ -1,17 +1,10 @@
 #include "parameter/Scaling.h"
-#include "parameter/support/At.h"
-#include "parameter/support/ChangeRecorder.h"
-
-#include <gtest/gtest.h>
-
-#include <limits>
+#include "parameter/support/ParameterTest.h"
 
 namespace {
 
 using namespace Kyn;
-using Test::at;
-using Test::ChangeRecorder;
-using Test::Changes;
+using namespace Test;
 
 template <class T>
 NumericParameter<T> amount(T maximum = std::numeric_limits<T>::max()) {
@@ -34,13 +27,12 @@ TEST(Scaling, integers_are_cut_towards_zero_and_saturate) {
     EXPECT_EQ(scaled<unsigned int>(1, 0.999), 0u);
     EXPECT_EQ(scaled<unsigned int>(4000000000u, 2.0), 4294967295u);
     EXPECT_EQ(scaled<unsigned int>(7, -1.0), 0u);
-    EXPECT_EQ(scaled<unsigned int>(7, std::numeric_limits<double>::quiet_NaN()), 0u);
+    EXPECT_EQ(scaled<unsigned int>(7, NOT_A_NUMBER), 0u);
     EXPECT_EQ(scaled<int>(-101, 0.5), -50);
     EXPECT_EQ(scaled<double>(101, 0.5), 50.5);
-    EXPECT_EQ(scaled<float>(0.25f, 4.0), 1.0f);
 }
 
-TEST(Scaling, writes_keys_limited_and_the_static_value_as_it_comes) {
+TEST(Scaling, goes_from_limited_values_to_limited_keys_and_leaves_the_static_value_as_it_comes) {
     NumericParameter<unsigned int> parameter = amount<unsigned int>(1000);
     parameter.setStaticValue(700, View(0));
     parameter.setValue(300, at(1));
@@ -49,17 +41,11 @@ TEST(Scaling, writes_keys_limited_and_the_static_value_as_it_comes) {
     EXPECT_EQ(parameter.keyframeValue(0, View(0)), 600u);
     EXPECT_EQ(parameter.keyframeValue(1, View(0)), 1000u);
     EXPECT_EQ(parameter.staticValue(View(0)), 1400u);
-    EXPECT_EQ(parameter.keyframeContext(1, View(0)).time(), Time(2.5));
-    parameter.deleteAllKeyframes(View(0));
-    EXPECT_EQ(parameter.value(at(0)), 1000u);
-}
-
-TEST(Scaling, starts_from_the_limited_value_of_a_key) {
-    NumericParameter<unsigned int> parameter = amount<unsigned int>();
-    parameter.setValue(800, at(1));
     parameter.setMaximum(100);
     rescale(parameter, 0.5, View(0));
+    EXPECT_EQ(timesOf(parameter), (Times{1, 2.5}));
     EXPECT_EQ(parameter.keyframeValue(0, View(0)), 50u);
+    EXPECT_EQ(parameter.staticValue(View(0)), 700u);
 }
 
 TEST(Scaling, sends_what_changed_and_nothing_for_factor_one) {

@@ -2,6 +2,7 @@
 
 #include "parameter/Keyframe.h"
 #include "parameter/support/ChangeRecorder.h"
+#include "parameter/support/SlowCurve.h"
 
 #include <cmath>
 #include <limits>
@@ -390,65 +391,42 @@ private:
         return x.view == view ? x : y;
     }
 
-    static T computed(double number) {
+    /// What stands between or beyond a view's keys: the slow curve's value in the member's own type, or simply the
+    /// key's.
+    T interpolated(Place place, double time) {
+        if constexpr (std::is_arithmetic_v<T>) {
+            if (limits)
+                return computed(slowSegment(curveOf(place), place.index, time));
+        }
+        return store[place.view].keys[place.index].value;
+    }
+    T extrapolated(Bounds const & bounds, double time) {
+        Place const place = bounds.before.null() ? bounds.after : bounds.before;
+        if constexpr (std::is_arithmetic_v<T>) {
+            if (limits)
+                return computed(slowValue(curveOf(place), time, static_cast<Kyn::Extrapolation>(before),
+                                          static_cast<Kyn::Extrapolation>(after)));
+        }
+        return store[place.view].keys[place.index].value;
+    }
+    Curve curveOf(Place place) {
+        ViewData const & data = store[place.view];
+        Curve curve;
+        for (std::size_t i = 0; i < data.keys.size(); ++i)
+            curve.keys.push_back({data.keys[i].time, static_cast<double>(data.keys[i].value), data.records[i]});
+        return curve;
+    }
+    static T computed(Range const & range) {
+        typedef std::numeric_limits<T> Ends;
+        double const number = range.low; // Of the types that the model knows both ends are one.
         if constexpr (std::is_same_v<T, bool>)
             return number != 0.0;
         else if constexpr (std::is_integral_v<T>)
-            return std::isnan(number)                                             ? T(0)
-                   : number >= static_cast<double>(std::numeric_limits<T>::max()) ? std::numeric_limits<T>::max()
-                   : number <= static_cast<double>(std::numeric_limits<T>::min()) ? std::numeric_limits<T>::min()
-                                                                                  : static_cast<T>(number);
+            return number >= static_cast<double>(Ends::max())   ? Ends::max()
+                   : number <= static_cast<double>(Ends::min()) ? Ends::min()
+                                                                : static_cast<T>(number);
         else
             return static_cast<T>(number);
-    }
-    T interpolated(Place place, double time) {
-        ViewData const & data = store[place.view];
-        if constexpr (std::is_arithmetic_v<T>) {
-            if (limits)
-                return between(data, data.records[place.index].eType, time, place.index);
-        }
-        return data.keys[place.index].value;
-    }
-    T between(ViewData const & data, unsigned int type, double time, std::size_t i) {
-        if (type == Kyn::INTERPOLATION_CONSTANT || (type == Kyn::INTERPOLATION_LINEAR && i + 1 == data.keys.size()))
-            return data.keys[i].value;
-        if (type != Kyn::INTERPOLATION_LINEAR)
-            return T(0);
-        double const y0 = static_cast<double>(data.keys[i].value);
-        double const y1 = static_cast<double>(data.keys[i + 1].value);
-        double const t0 = data.keys[i].time;
-        return computed((time - t0) * ((y1 - y0) / (data.keys[i + 1].time - t0)) + y0);
-    }
-    T extrapolated(Bounds const & bounds, double time) {
-        bool const isBefore = bounds.before.null();
-        Place const place = isBefore ? bounds.after : bounds.before;
-        ViewData const & data = store[place.view];
-        if constexpr (std::is_arithmetic_v<T>) {
-            if (limits)
-                return beyond(data, isBefore, time);
-        }
-        return data.keys[place.index].value;
-    }
-    T beyond(ViewData const & data, bool isBefore, double time) {
-        std::size_t const count = data.keys.size();
-        unsigned int const mode = isBefore ? before : after;
-        Key const & end = isBefore ? data.keys.front() : data.keys.back();
-        if (mode == Kyn::EXTRAPOLATION_CONSTANT || (mode == Kyn::EXTRAPOLATION_LINEAR && count < 2))
-            return end.value;
-        if (mode != Kyn::EXTRAPOLATION_LINEAR)
-            return T(0);
-        Key const & neighbour = data.keys[isBefore ? 1 : count - 2];
-        unsigned int const type = data.records[isBefore ? 0 : count - 2].eType;
-        if (type == Kyn::INTERPOLATION_CONSTANT)
-            return end.value;
-        double const endValue = static_cast<double>(end.value);
-        double x = neighbour.time;
-        double y = static_cast<double>(neighbour.value);
-        if (type == Kyn::INTERPOLATION_NONE) {
-            x = end.time + 0.1 * (neighbour.time - end.time);
-            y = 0.0;
-        }
-        return computed((y - endValue) / (x - end.time) * (time - end.time) + endValue);
     }
 };
 

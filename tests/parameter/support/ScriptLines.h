@@ -17,7 +17,7 @@ inline constexpr Kyn::StreamVersion BEFORE_VIEW_LISTS{Kyn::StreamVersion::anyVie
 
 /// The lines of anything that writes itself on a stream.
 template <class Writer>
-QStringList linesOf(Writer & writer, QString const & prefix = QString(), bool bUseName = false) {
+QStringList linesOf(Writer && writer, QString const & prefix = QString(), bool bUseName = false) {
     QString text;
     QTextStream stream(&text);
     EXPECT_TRUE(writer.bStreamOut(stream, prefix, bUseName));
@@ -28,7 +28,7 @@ QStringList linesOf(Writer & writer, QString const & prefix = QString(), bool bU
 
 /// The same as one text, which a failed comparison shows.
 template <class Writer>
-std::string scriptOf(Writer & writer) {
+std::string scriptOf(Writer && writer) {
     return linesOf(writer).join('\n').toStdString();
 }
 

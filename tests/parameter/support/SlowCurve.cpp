@@ -139,6 +139,13 @@ std::ostream & operator<<(std::ostream & stream, Range const & range) {
     return stream << '[' << range.low << ", " << range.high << ']';
 }
 
+Range slowSegment(Curve const & curve, std::size_t index, double time) {
+    CurveKey const & key = curve.keys[index];
+    if (index + 1 < curve.keys.size())
+        return between(key, curve.keys[index + 1], time);
+    return exactly(key.record.eType == Kyn::INTERPOLATION_NONE ? 0.0 : key.value);
+}
+
 Range slowValue(Curve const & curve, double time, Kyn::Extrapolation before, Kyn::Extrapolation after) {
     std::vector<CurveKey> const & keys = curve.keys;
     for (CurveKey const & key : keys)
@@ -154,7 +161,7 @@ Range slowValue(Curve const & curve, double time, Kyn::Extrapolation before, Kyn
     std::size_t i = 0;
     while (keys[i + 1].time < time)
         ++i;
-    return between(keys[i], keys[i + 1], time);
+    return slowSegment(curve, i, time);
 }
 
 double statedBezier(CurveKey const & key, CurveKey const & next, double t) {

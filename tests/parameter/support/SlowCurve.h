@@ -22,6 +22,10 @@ std::ostream & operator<<(std::ostream & stream, Range const & range);
 /// without limits gives them.
 Range slowValue(Curve const & curve, double time, Kyn::Extrapolation before, Kyn::Extrapolation after);
 
+/// The same of the segment that starts at one key. The last key's, which has no end, holds its value or, of type NONE,
+/// is zero.
+Range slowSegment(Curve const & curve, std::size_t index, double time);
+
 /// One Bezier segment by the letter: the cubic's coefficients as they are stated, the library's own cuberoots, the
 /// first root between 0 and 1. Says what happens where the roots round to 0 or 1 and where the cubic degenerates.
 double statedBezier(CurveKey const & key, CurveKey const & next, double time);
