@@ -17,7 +17,7 @@
 namespace {
 
 /// A cache never takes more, whatever the machine has.
-constexpr uint64_t LARGEST_CACHE_KILOBYTES = 1024 * 1024;
+constexpr uint64_t LARGEST_CACHE_KILOBYTES = 1048576;
 
 VX_STATUS statusOf(bool isDone) {
     return isDone ? VX_STATUS_DONE : VX_STATUS_FAILED;
@@ -125,7 +125,7 @@ struct HostServices::Callbacks {
         return statusOf(hostOf(context).cache_.insert(
             cacheKey(key, clip, moment, scale, variant),
             new QByteArray(static_cast<char const *>(image->pixels), static_cast<qsizetype>(bytes)),
-            static_cast<qsizetype>(bytes / 1024 + 1)));
+            static_cast<qsizetype>(bytes) / 1024 + 1));
     }
 
     static VX_STATUS deleteFromCache(void * context, QString const & key, unsigned int clip,

@@ -15,7 +15,7 @@ QPointF onFrame(Gan_Vector2 const & pixel) {
 
 boost::shared_ptr<VX::VertexGeometry> geometry(VX::RenderSuite & suite, VX::RenderSuite::Primitive primitive,
                                                std::vector<Gan_Vector2> const & points) {
-    boost::shared_ptr<VX::VertexGeometry> const made = suite.createGeometry(primitive);
+    boost::shared_ptr<VX::VertexGeometry> made = suite.createGeometry(primitive);
     for (Gan_Vector2 const & point : points)
         made->addVertex(onFrame(point));
     return made;

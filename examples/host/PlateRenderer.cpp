@@ -193,8 +193,10 @@ void PlateRenderer::renderSheet(QStringList const & pictures, int across, QStrin
     if (!suite_.bBeginFrame(sheetWidth, sheetHeight))
         HOST_FAIL(VX_BadSize, "the suite has no frame of that size", "There are too many pictures for a sheet.");
     for (int i = 0; i < count; ++i) {
-        auto const left = static_cast<float>(i % across * width);
-        auto const top = static_cast<float>(i / across * height);
+        int const column = i % across;
+        int const row = i / across;
+        auto const left = static_cast<float>(column * width);
+        auto const top = static_cast<float>(row * height);
         Gan_Image const & image = *thumbnails[static_cast<std::size_t>(i)];
         Plate(suite_, image,
               {left, top, left + static_cast<float>(image.width), top + static_cast<float>(image.height)})
@@ -206,7 +208,7 @@ void PlateRenderer::renderSheet(QStringList const & pictures, int across, QStrin
 
 QString PlateRenderer::fileAt(double frame) const {
     vxproject::ClipFiles const files(*clips_.pcGetClipInfo(clip_), VX_INTERLACE_MODE_PROGRESSIVE, wishes_.view);
-    QString const file = files.fileOf(static_cast<qint64>(frame));
+    QString file = files.fileOf(static_cast<qint64>(frame));
     if (file.isNull())
         HOST_FAIL(VX_OutOfRange, frameText(frame) + " has no file",
                   "The clip has no picture of " + frameText(frame) + ".");

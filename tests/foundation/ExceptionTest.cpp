@@ -8,7 +8,7 @@
 
 namespace {
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 typedef std::shared_ptr<VX_Exception> Made;
 
