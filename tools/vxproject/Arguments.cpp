@@ -42,7 +42,7 @@ Kyn::View viewOf(int id) {
     return Kyn::View(id);
 }
 
-std::optional<vxproject::FrameSize> sizeOf(std::string const & text) {
+std::optional<vxproject::FrameSize> sizeOf(char const * option, std::string const & text) {
     if (text.empty())
         return std::nullopt;
     QList<QString> const numbers = textOf(text).split(QLatin1Char('x'));
@@ -50,7 +50,7 @@ std::optional<vxproject::FrameSize> sizeOf(std::string const & text) {
     bool isHeight = false;
     vxproject::FrameSize const size{numbers.value(0).toInt(&isWidth), numbers.value(1).toInt(&isHeight)};
     if (numbers.size() != 2 || !isWidth || !isHeight || size.width <= 0 || size.height <= 0)
-        refuse("--size", text, "a frame size in pixels is written 1920x1080");
+        refuse(option, text, "a frame size in pixels is written 1920x1080");
     return size;
 }
 
@@ -117,6 +117,14 @@ LensOnClip lensOnClip(vxproject::Project const & project, quint32 lensId, std::o
     else
         found.clip = findClip(project, clipId, path);
     return found;
+}
+
+void addFrames(CLI::App & command, std::string & frames) {
+    command.add_option("--frames", frames, "Such as 7, 1-100, 1-100x2, 1-10x0.25, or a list of these")->required();
+}
+
+void addSize(CLI::App & command, std::string & size, std::string const & meaning) {
+    command.add_option("--size", size, "Frame size, WIDTHxHEIGHT" + meaning);
 }
 
 } // namespace Tool

@@ -11,6 +11,10 @@
 #include <string>
 #include <vector>
 
+namespace CLI {
+class App;
+}
+
 /// What the texts on a command line mean. UsageError, with the argument's name, for those that mean nothing.
 namespace Tool {
 
@@ -19,7 +23,7 @@ vxproject::FrameList framesOf(std::string const & text);
 vxproject::FrameList wholeFramesOf(char const * option, std::string const & text, double lowest, double highest);
 Kyn::View viewOf(int id);
 /// "1920x1080"; nothing for an empty text.
-std::optional<vxproject::FrameSize> sizeOf(std::string const & text);
+std::optional<vxproject::FrameSize> sizeOf(char const * option, std::string const & text);
 /// "x y; x y; ..."
 std::vector<Gan_Vector2> pointsOf(char const * option, std::string const & text);
 /// What project files number their items with: 0 to 4294967295.
@@ -40,6 +44,13 @@ struct LensOnClip {
 /// Without a clip's id, the lens's own input clip is taken.
 LensOnClip lensOnClip(vxproject::Project const & project, quint32 lensId, std::optional<long long> clip,
                       QString const & path);
+
+/// --frames, which framesOf reads, and which is required.
+void addFrames(CLI::App & command, std::string & frames);
+/// --size, which sizeOf reads; `meaning` goes on from "Frame size, WIDTHxHEIGHT".
+void addSize(CLI::App & command, std::string & size, std::string const & meaning);
+/// For a `meaning`: what numbers are without a frame size.
+constexpr char PROJECT_COORDINATES[] = "project coordinates: origin at the frame's centre, its width the unit, y down";
 
 inline QString textOf(std::string const & argument) {
     return QString::fromStdString(argument);

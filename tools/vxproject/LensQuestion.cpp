@@ -14,30 +14,27 @@ void LensQuestion::addTo(CLI::App & command) {
 }
 
 AskedLens::AskedLens(LensQuestion const & question)
-    : path_(textOf(question.file)),
-      id_(idOf("--lens", question.lens)),
-      view_(viewOf(question.view)),
-      project_(vxproject::Project::read(path_)),
-      code_(complainOf(project_->findings(), path_)),
-      found_(lensOnClip(*project_, id_, question.clip, path_)) {}
-
-Gan_Camera AskedLens::cameraAt(double frame) {
-    Kyn::Context const context(Kyn::Time(frame), view_, Kyn::ProxyScale::FULL);
-    Gan_Camera const camera = vxproject::cameraAt(*found_.lens, context, found_.clip->picture);
-    if (!vxproject::isUsable(camera)) {
-        complain(path_ + QStringLiteral(": lens %1 makes no camera at frame %2: its clip has no film back or no size")
-                             .arg(id_)
-                             .arg(vxproject::shortestText(frame)));
-        code_ = EXIT_FINDINGS;
-    }
-    return camera;
+    : AskedItem(question.file, "lens", question.lens, question.view),
+      found_(lensOnClip(project(), id(), question.clip, path())) {
+    if (!isThere())
+        miss();
 }
 
-std::optional<vxproject::FrameSize> AskedLens::size() const {
+std::optional<Gan_Camera> AskedLens::cameraAt(double frame) {
+    Gan_Camera const camera = vxproject::cameraAt(*found_.lens, contextAt(frame), found_.clip->picture);
+    if (vxproject::isUsable(camera))
+        return camera;
+    complain(QStringLiteral("makes no camera at frame %1: its clip has no film back or no size")
+                 .arg(vxproject::shortestText(frame)));
+    return std::nullopt;
+}
+
+std::optional<vxproject::FrameSize> AskedLens::size() {
     QSize const size = found_.clip->picture.format().size;
     if (!size.isEmpty())
         return vxproject::FrameSize{size.width(), size.height()};
-    complain(path_ + QStringLiteral(": a frame of %1x%2 makes no picture").arg(size.width()).arg(size.height()));
+    Tool::complain(path() + QStringLiteral(": a frame of %1x%2 makes no picture").arg(size.width()).arg(size.height()));
+    miss();
     return std::nullopt;
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "vxproject/Arguments.h"
-#include "vxproject/Command.h"
+#include "vxproject/AskedItem.h"
 
 namespace Tool {
 
@@ -16,29 +15,20 @@ struct LensQuestion {
 };
 
 /// The lens that was asked for, in its project.
-class AskedLens {
+class AskedLens : public AskedItem {
 public:
     /// Says what is wrong with the file, and what is not there.
     explicit AskedLens(LensQuestion const & question);
 
     /// Whether both lens and clip are there.
     bool isThere() const { return found_.clip; }
-    /// EXIT_FINDINGS if there was anything to say.
-    ExitCode code() const { return isThere() ? code_ : EXIT_FINDINGS; }
-    QString const & path() const { return path_; }
-    quint32 id() const { return id_; }
 
-    /// Says so if the clip makes no camera of the lens.
-    Gan_Camera cameraAt(double frame);
+    /// Nothing, and a message, if the clip makes no camera of the lens.
+    std::optional<Gan_Camera> cameraAt(double frame);
     /// The size of the clip's pictures; nothing, and a message, if they have none.
-    std::optional<vxproject::FrameSize> size() const;
+    std::optional<vxproject::FrameSize> size();
 
 private:
-    QString path_;
-    quint32 id_;
-    Kyn::View view_;
-    std::unique_ptr<vxproject::Project> project_;
-    ExitCode code_;
     LensOnClip found_;
 };
 

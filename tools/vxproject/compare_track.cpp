@@ -1,6 +1,6 @@
 #include "project/NumberText.h"
 #include "project/TrackComparison.h"
-#include "vxproject/Arguments.h"
+#include "vxproject/LayerQuestion.h"
 #include "vxproject/Output.h"
 
 namespace Tool {
@@ -8,11 +8,8 @@ namespace Tool {
 namespace {
 
 struct Options {
-    std::string file;
+    LayerQuestion question;
     std::string table;
-    long long layer = 0;
-    int view = 0;
-    std::string size;
     std::string corners;
     double limit = 0.0;
     bool limited = false;
@@ -36,25 +33,21 @@ void printEach(vxproject::TrackTable const & measured, vxproject::TrackCompariso
 }
 
 ExitCode compareTrack(Options const & options) {
-    Kyn::View const view = viewOf(options.view);
-    std::optional<vxproject::FrameSize> const size = sizeOf(options.size);
     std::vector<Gan_Vector2> const points = pointsOf("--corners", options.corners);
-    quint32 const id = idOf("--layer", options.layer);
-    QString const path = textOf(options.file);
     QString const tablePath = textOf(options.table);
-    std::unique_ptr<vxproject::Project> const project = vxproject::Project::read(path);
+    AskedLayer asked(options.question);
     vxproject::TrackTable const measured = vxproject::TrackTable::read(tablePath);
-    ExitCode code = std::max(complainOf(project->findings(), path), complainOf(measured.findings, tablePath));
-    vxproject::Layer const * const layer = findLayer(*project, id, path);
-    if (!layer)
-        return EXIT_FINDINGS;
+    ExitCode code = std::max(asked.code(), complainOf(measured.findings, tablePath));
+    if (!asked.isThere())
+        return code;
 
     vxproject::TrackComparison const found =
-        vxproject::compareTrack(layer->tracking.track, view, measured, points, size);
+        vxproject::compareTrack(asked.layer().tracking.track, asked.view(), measured, points, asked.size());
     if (found.frames < measured.rows.size()) {
-        complain(path + QStringLiteral(": %1 of %2 frames cannot be compared: no homography, or a point at infinity")
-                            .arg(measured.rows.size() - found.frames)
-                            .arg(measured.rows.size()));
+        complain(asked.path() +
+                 QStringLiteral(": %1 of %2 frames cannot be compared: no homography, or a point at infinity")
+                     .arg(measured.rows.size() - found.frames)
+                     .arg(measured.rows.size()));
         code = EXIT_FINDINGS;
     }
     if (options.each)
@@ -62,7 +55,7 @@ ExitCode compareTrack(Options const & options) {
     else if (found.frames > 0)
         printSummary(found, formOf(options.json));
     if (options.limited && found.largest.distance > options.limit) {
-        complain(path +
+        complain(asked.path() +
                  QStringLiteral(": the largest distance, %1, is above %2")
                      .arg(vxproject::shortestText(found.largest.distance), vxproject::shortestText(options.limit)));
         code = EXIT_FINDINGS;
@@ -76,14 +69,10 @@ void addCompareTrack(CLI::App & app, Run & chosen) {
     auto const options = std::make_shared<Options>();
     CLI::App * const command = app.add_subcommand(
         "compare-track", "Print how far a layer's track takes points from where a table of homographies takes them");
-    command->add_option("FILE", options->file, "The project file")->required();
+    options->question.addTo(*command, std::string(": table, points and distances in pixels. Without it, in ") +
+                                          PROJECT_COORDINATES);
     command->add_option("CSV", options->table, "The table: frame,h11,...,h33")->required();
-    command->add_option("--layer", options->layer, "The layer's id")->required();
     command->add_option("--corners", options->corners, "The points, \"x y; x y; x y; x y\"")->required();
-    command->add_option("--view", options->view, "The view (0)");
-    command->add_option("--size", options->size,
-                        "Frame size, WIDTHxHEIGHT: table, points and distances in pixels. Without it, in project "
-                        "coordinates: origin at the frame's centre, its width the unit, y down");
     CLI::Option * const limit =
         command->add_option("--limit", options->limit, "Exit with 1 if the largest distance is above this");
     command->add_flag("--each", options->each, "Print the largest distance of each frame");

@@ -20,25 +20,21 @@ typedef std::optional<Gan_Vector2> (*Carry)(Gan_Camera const & camera, Gan_Vecto
 ExitCode carryPoints(Options const & options, Carry carry) {
     std::vector<Gan_Vector2> const points = pointsOf("--points", options.points);
     AskedLens asked(options.question);
-    ExitCode code = asked.code();
     if (!asked.isThere())
-        return code;
+        return asked.code();
 
-    Gan_Camera const camera = asked.cameraAt(options.frame);
+    std::optional<Gan_Camera> const camera = asked.cameraAt(options.frame);
     Table table(formOf(options.json), {QStringLiteral("x"), QStringLiteral("y")});
-    for (Gan_Vector2 const & point : points) {
-        std::optional<Gan_Vector2> const image = carry(camera, point);
+    for (Gan_Vector2 const & point : camera ? points : std::vector<Gan_Vector2>()) {
+        std::optional<Gan_Vector2> const image = carry(*camera, point);
         Gan_Vector2 const place = image.value_or(Gan_Vector2{0.0, 0.0});
         table.row({fieldIf(image.has_value(), place.x), fieldIf(image.has_value(), place.y)});
-        if (image)
-            continue;
-        complain(asked.path() + QStringLiteral(": lens %1 takes %2 %3 nowhere: it lies beyond what the lens can show")
-                                    .arg(asked.id())
-                                    .arg(vxproject::shortestText(point.x), vxproject::shortestText(point.y)));
-        code = EXIT_FINDINGS;
+        if (!image)
+            asked.complain(QStringLiteral("takes %1 %2 nowhere: it lies beyond what the lens can show")
+                               .arg(vxproject::shortestText(point.x), vxproject::shortestText(point.y)));
     }
     table.finish();
-    return std::max(code, asked.code());
+    return asked.code();
 }
 
 void addCommand(CLI::App & app, Run & chosen, char const * name, char const * description, Carry carry) {

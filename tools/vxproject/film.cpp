@@ -79,7 +79,7 @@ void checkUsage(Options const & options) {
 
 ExitCode film(Options const & options) {
     checkUsage(options);
-    std::optional<vxproject::FrameSize> const size = sizeOf(options.size);
+    std::optional<vxproject::FrameSize> const size = sizeOf("--size", options.size);
     Table table(formOf(options.json), {QStringLiteral("name"), QStringLiteral("width"), QStringLiteral("height"),
                                        QStringLiteral("aspect"), QStringLiteral("match")});
     ExitCode const code = size           ? printBySize(table, options, QSize(size->width, size->height))

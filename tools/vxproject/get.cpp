@@ -55,8 +55,7 @@ void addGet(CLI::App & app, Run & chosen) {
     CLI::App * const command = app.add_subcommand("get", "Print parameters' values at frames");
     command->add_option("FILE", options->file, "The project file")->required();
     command->add_option("PATH", options->path, "A parameter's path; each * stands for any text")->required();
-    command->add_option("--frames", options->frames, "Such as 7, 1-100, 1-100x2, 1-10x0.25, or a list of these")
-        ->required();
+    addFrames(*command, options->frames);
     command->add_option("--view", options->view, "The view (0)");
     command->add_flag("--display", options->display, "Values as a user is shown them");
     command->add_flag("--json", options->json, "Write JSON");

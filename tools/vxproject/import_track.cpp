@@ -52,7 +52,7 @@ void warnOfPixels(vxproject::TrackTable const & table, QString const & path) {
 }
 
 ExitCode importTrack(Options const & options) {
-    std::optional<vxproject::FrameSize> const size = sizeOf(options.size);
+    std::optional<vxproject::FrameSize> const size = sizeOf("--size", options.size);
     quint32 const id = idOf("--layer", options.layer);
     QString const path = textOf(options.table);
     vxproject::TrackTable const table = vxproject::TrackTable::read(path);
@@ -88,9 +88,8 @@ void addImportTrack(CLI::App & app, Run & chosen) {
     command->add_option("-o,--output", options->output, "The project file, which is replaced if there is one")
         ->required();
     command->add_option("--layer", options->layer, "The layer's id (1)");
-    command->add_option("--size", options->size,
-                        "Frame size, WIDTHxHEIGHT: the homographies act on pixels. Without it, on project "
-                        "coordinates: origin at the frame's centre, its width the unit, y down");
+    addSize(*command, options->size,
+            std::string(": the homographies act on pixels. Without it, on ") + PROJECT_COORDINATES);
     command->add_flag("--json", options->json, "Write JSON");
     command->callback([options, &chosen] { chosen = [options] { return importTrack(*options); }; });
 }

@@ -14,20 +14,16 @@ struct Options {
     bool json = false;
 };
 
-ExitCode drawGrid(AskedLens & lens, double frame, QString const & output) {
-    std::optional<vxproject::FrameSize> const size = lens.size();
-    if (!size)
-        return EXIT_FINDINGS;
-    vxproject::replaceFile(output, vxproject::lensGridSvg(lens.cameraAt(frame), *size));
-    return EXIT_DONE;
+void drawGrid(AskedLens & lens, Gan_Camera const & camera, QString const & output) {
+    if (std::optional<vxproject::FrameSize> const size = lens.size())
+        vxproject::replaceFile(output, vxproject::lensGridSvg(camera, *size));
 }
 
 ExitCode lens(Options const & options) {
     vxproject::FrameList const frames = framesOf(options.frames);
     AskedLens asked(options.question);
-    ExitCode code = asked.code();
     if (!asked.isThere())
-        return code;
+        return asked.code();
 
     QStringList columns;
     for (char const * column : {"frame", "type", "fx", "fy", "x0", "y0", "zh", "k1", "k2", "k3", "k4"})
@@ -35,17 +31,19 @@ ExitCode lens(Options const & options) {
     Table table(formOf(options.json), columns);
     bool isFirst = true;
     frames.forEach([&](double frame) {
-        if (isFirst && !options.grid.empty())
-            code = std::max(code, drawGrid(asked, frame, textOf(options.grid)));
+        std::optional<Gan_Camera> const camera = asked.cameraAt(frame);
+        if (camera && isFirst && !options.grid.empty())
+            drawGrid(asked, *camera, textOf(options.grid));
         isFirst = false;
-        Gan_Camera const camera = asked.cameraAt(frame);
-        Fields fields{frame, qint64(camera.type), camera.fx, camera.fy, camera.x0, camera.y0, camera.zh};
-        for (double const term : camera.distortion)
+        if (!camera)
+            return;
+        Fields fields{frame, qint64(camera->type), camera->fx, camera->fy, camera->x0, camera->y0, camera->zh};
+        for (double const term : camera->distortion)
             fields.push_back(term);
         table.row(fields);
     });
     table.finish();
-    return std::max(code, asked.code());
+    return asked.code();
 }
 
 std::string footer() {
@@ -68,8 +66,7 @@ void addLens(CLI::App & app, Run & chosen) {
     CLI::App * const command = app.add_subcommand("lens", "Print the camera that a lens makes at frames");
     command->footer(footer());
     options->question.addTo(*command);
-    command->add_option("--frames", options->frames, "Such as 7, 1-100, 1-100x2, 1-10x0.25, or a list of these")
-        ->required();
+    addFrames(*command, options->frames);
     command->add_option("--grid", options->grid,
                         "An SVG file to write: a grid over the frame as the lens shows it at the first of the frames");
     command->add_flag("--json", options->json, "Write JSON");

@@ -18,8 +18,8 @@ struct ClipOptions {
 };
 
 ExitCode rescale(RescaleOptions const & options) {
-    std::optional<vxproject::FrameSize> const from = sizeOf(options.from);
-    std::optional<vxproject::FrameSize> const to = sizeOf(options.to);
+    std::optional<vxproject::FrameSize> const from = sizeOf("--from", options.from);
+    std::optional<vxproject::FrameSize> const to = sizeOf("--to", options.to);
     if (!from || !to)
         throw UsageError("rescale: --from and --to are frame sizes, such as 1920x1080");
     return carryOut(options.edit, [&](Editing & editing, Tov::CompositeCommand & commands) {

@@ -85,8 +85,7 @@ void addScene(CLI::App & app, Run & chosen) {
     CLI::App * const command = app.add_subcommand("scene", "Print the cameras and nulls of a solved scene");
     command->footer(FOOTER);
     command->add_option("FILE", options->file, "The project file")->required();
-    command->add_option("--frames", options->frames, "Such as 7, 1-100, 1-100x2, 1-10x0.25, or a list of these")
-        ->required();
+    addFrames(*command, options->frames);
     command->add_option("--eye", options->eye, "left or right")->check(CLI::IsMember({"left", "right"}));
     command->add_flag("--json", options->json, "Write JSON");
     command->callback([options, &chosen] { chosen = [options] { return scene(*options); }; });

@@ -25,9 +25,11 @@ ExitCode stmap(Options const & options) {
         return EXIT_FINDINGS;
     }
 
-    vxproject::StMap const map =
-        vxproject::stMapOf(asked.cameraAt(options.frame), *size,
-                           options.inverse ? vxproject::MapDirection::Inverse : vxproject::MapDirection::Direct);
+    std::optional<Gan_Camera> const camera = asked.cameraAt(options.frame);
+    if (!camera)
+        return asked.code();
+    vxproject::StMap const map = vxproject::stMapOf(
+        *camera, *size, options.inverse ? vxproject::MapDirection::Inverse : vxproject::MapDirection::Direct);
     QString const output = textOf(options.output);
     vxproject::replaceFile(output, vxproject::exrOf(map));
     print(output + QStringLiteral(": %1x%2").arg(size->width).arg(size->height));

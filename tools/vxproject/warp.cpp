@@ -1,6 +1,6 @@
 #include "project/LayerWarp.h"
 #include "project/NumberText.h"
-#include "vxproject/Arguments.h"
+#include "vxproject/LayerQuestion.h"
 #include "vxproject/Output.h"
 
 namespace Tool {
@@ -8,11 +8,8 @@ namespace Tool {
 namespace {
 
 struct Options {
-    std::string file;
-    long long layer = 0;
+    LayerQuestion question;
     std::string frames;
-    int view = 0;
-    std::string size;
     std::string points;
     bool inverse = false;
     bool json = false;
@@ -35,25 +32,19 @@ QStringList addPoints(Fields & fields, vxproject::LayerWarp const & warp, std::v
 
 ExitCode warp(Options const & options) {
     vxproject::FrameList const frames = framesOf(options.frames);
-    Kyn::View const view = viewOf(options.view);
-    std::optional<vxproject::FrameSize> const size = sizeOf(options.size);
     std::vector<Gan_Vector2> const points = pointsOf("--points", options.points);
-    quint32 const id = idOf("--layer", options.layer);
-    QString const path = textOf(options.file);
-    std::unique_ptr<vxproject::Project> const project = vxproject::Project::read(path);
-    ExitCode code = complainOf(project->findings(), path);
-    vxproject::Layer const * const layer = findLayer(*project, id, path);
-    if (!layer)
-        return EXIT_FINDINGS;
-    if (!size && !project->frameSizeOf(*layer)) {
-        complain(path + QStringLiteral(": layer %1 has no input clip with a frame size; give one with --size").arg(id));
-        return EXIT_FINDINGS;
+    AskedLayer asked(options.question);
+    if (!asked.isThere())
+        return asked.code();
+    if (!asked.size() && !asked.clipSize()) {
+        asked.complain(QStringLiteral("has no input clip with a frame size; give one with --size"));
+        return asked.code();
     }
 
     Table table(formOf(options.json), pointColumns(points.size()));
     frames.forEach([&](double frame) {
-        Kyn::Context const context(Kyn::Time(frame), view, Kyn::ProxyScale::FULL);
-        std::optional<vxproject::LayerWarp> const found = vxproject::LayerWarp::at(*project, *layer, context, size);
+        std::optional<vxproject::LayerWarp> const found =
+            vxproject::LayerWarp::at(asked.project(), asked.layer(), asked.contextAt(frame), asked.size());
         QString why = QStringLiteral("its values make no homography, or its lens no camera for the clip's film back "
                                      "and size");
         if (found) {
@@ -65,13 +56,10 @@ ExitCode warp(Options const & options) {
             why = lost.join(QLatin1String("; ")) +
                   QStringLiteral(" goes to infinity, or lies beyond what the lens can show");
         }
-        complain(path + QStringLiteral(": layer %1 has no answer at frame %2: %3")
-                            .arg(id)
-                            .arg(vxproject::shortestText(frame), why));
-        code = EXIT_FINDINGS;
+        asked.complainOfFrame(frame, why);
     });
     table.finish();
-    return code;
+    return asked.code();
 }
 
 constexpr char FOOTER[] =
@@ -89,13 +77,9 @@ void addWarp(CLI::App & app, Run & chosen) {
     auto const options = std::make_shared<Options>();
     CLI::App * const command = app.add_subcommand("warp", "Print where a layer takes points, lens included");
     command->footer(FOOTER);
-    command->add_option("FILE", options->file, "The project file")->required();
-    command->add_option("--layer", options->layer, "The layer's id")->required();
-    command->add_option("--frames", options->frames, "Such as 7, 1-100, 1-100x2, 1-10x0.25, or a list of these")
-        ->required();
+    options->question.addTo(*command, ", for a layer without a clip or a lens");
+    addFrames(*command, options->frames);
     command->add_option("--points", options->points, "Points in pixels, \"x y; x y; ...\"")->required();
-    command->add_option("--view", options->view, "The view (0)");
-    command->add_option("--size", options->size, "Frame size, WIDTHxHEIGHT, for a layer without a clip or a lens");
     command->add_flag("--inverse", options->inverse, "Back to where the points come from");
     command->add_flag("--json", options->json, "Write JSON");
     command->callback([options, &chosen] { chosen = [options] { return warp(*options); }; });
