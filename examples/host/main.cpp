@@ -193,7 +193,7 @@ int main(int argc, char ** argv) {
         show(exception);
         return EXIT_BAD_USAGE;
     } catch (std::exception const & exception) {
-        VX_ExternalException foreign(__FILE__, __LINE__, exception.what(), "The program cannot go on.");
+        VX_ExternalException foreign(fileNameOf(__FILE__), __LINE__, exception.what(), "The program cannot go on.");
         show(foreign);
         return EXIT_BAD_USAGE;
     }

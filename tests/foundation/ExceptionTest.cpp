@@ -24,6 +24,10 @@ struct KindCase {
     char const * banner;
 };
 
+std::ostream & operator<<(std::ostream & stream, KindCase const & kind) {
+    return stream << kind.name;
+}
+
 class ExceptionKinds : public testing::TestWithParam<KindCase> {};
 
 KindCase const kinds[] = {
