@@ -5,6 +5,7 @@
 #include "geometry/gandalf/RadialDistortion.h"
 
 #include <limits>
+#include <type_traits>
 
 using namespace VX::detail;
 
@@ -111,23 +112,16 @@ struct RadialLens {
     }
 };
 
-Gan_CameraFailure applied(DistortedPoint const & point, double & x, double & y, Gan_Matrix22 * derivative) {
-    if (!point.bOneToOne)
+// The answer of a distortion or, as an UndistortedPoint, of its way back, whose derivative is the inverse one.
+template <class Point>
+Gan_CameraFailure applied(Point const & point, double & x, double & y, Gan_Matrix22 * derivative) {
+    auto const & [toX, toY, distortion, bThere] = point;
+    if (!bThere)
         return outside;
-    x = point.x;
-    y = point.y;
+    x = toX;
+    y = toY;
     if (derivative)
-        *derivative = point.derivative;
-    return none;
-}
-
-Gan_CameraFailure applied(UndistortedPoint const & point, double & x, double & y, Gan_Matrix22 * derivative) {
-    if (!point.bFound)
-        return outside;
-    x = point.x;
-    y = point.y;
-    if (derivative)
-        *derivative = inverse(point.derivative);
+        *derivative = std::is_same_v<Point, UndistortedPoint> ? inverse(distortion) : distortion;
     return none;
 }
 
