@@ -7,19 +7,6 @@
 #include <cmath>
 #include <limits>
 
-#if defined(__GNUC__) && defined(__x86_64__)
-#define VX_HAS_AVX2_KERNEL
-#endif
-
-// The loops are written once and compiled for each instruction set. A function that is not inlined would be compiled
-// for the baseline alone; and it must be the attribute on the caller that raises the instruction set, not an option for
-// the whole source: inline functions of headers would be compiled by that too, and could end up in other callers.
-#if defined(__GNUC__)
-#define VX_INLINED [[gnu::always_inline]] inline
-#else
-#define VX_INLINED inline
-#endif
-
 namespace VX::detail {
 
 namespace {
@@ -184,7 +171,7 @@ bool carryForBaseline(Chain const & chain, Block & block) {
     return carryInLoops(chain, block);
 }
 
-#ifdef VX_HAS_AVX2_KERNEL
+#ifdef VX_HAS_AVX2
 // Not "fma" as well: products and sums rounded as one would part from the point form where large terms cancel.
 [[gnu::target("avx2")]] bool carryForAvx2(Chain const & chain, Block & block) {
     return carryInLoops(chain, block);
@@ -192,7 +179,7 @@ bool carryForBaseline(Chain const & chain, Block & block) {
 #endif
 
 Kernel * kernelFor([[maybe_unused]] InstructionSet set) {
-#ifdef VX_HAS_AVX2_KERNEL
+#ifdef VX_HAS_AVX2
     if (set == InstructionSet::AVX2)
         return carryForAvx2;
 #endif
@@ -295,18 +282,6 @@ void takeSure(WarpChain const & chain, Block const & block, double * x, double *
 }
 
 } // namespace
-
-bool bHasInstructionSet([[maybe_unused]] InstructionSet set) {
-#ifdef VX_HAS_AVX2_KERNEL
-    if (set == InstructionSet::AVX2)
-        return __builtin_cpu_supports("avx2") != 0;
-#endif
-    return set == InstructionSet::BASELINE;
-}
-
-InstructionSet bestInstructionSet() {
-    return bHasInstructionSet(InstructionSet::AVX2) ? InstructionSet::AVX2 : InstructionSet::BASELINE;
-}
 
 void carry(WarpChain const & chain, double * x, double * y, std::size_t count, InstructionSet set) {
     Chain plain{};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "camera/WarpChain.h"
+#include "foundation/InstructionSet.h"
 
 #include <cstddef>
 
@@ -14,17 +15,6 @@
 /// start, where the steps taken were too few, near the horizon or not finite goes through the point form afterwards. So
 /// what cannot be carried is decided in one place.
 namespace VX::detail {
-
-enum class InstructionSet {
-    BASELINE, ///< What the library is compiled for.
-    AVX2,     ///< x86-64 with vectors of four doubles.
-};
-
-/// Whether this machine has it and the library was compiled with it.
-bool bHasInstructionSet(InstructionSet set);
-
-/// The best that this machine has.
-InstructionSet bestInstructionSet();
 
 /// Carries the points (x[i], y[i]) in place, as carry() does each. The machine must have the instruction set. Allocates
 /// nothing.

@@ -146,6 +146,20 @@ void fillFilmLogForward(Element * table, int begin, int knee, int end, CodeScale
         });
 }
 
+/// The first entry behind `begin` that is not on its side of the knee, or `entries`. Linear light never changes
+/// direction, so a search by halves finds it; only the first entry of a table may be no number with others behind it.
+template <class IsLogarithmicAt>
+int endOfSide(int begin, int entries, IsLogarithmicAt const & isLogarithmicAt) {
+    bool const logarithmic = isLogarithmicAt(begin);
+    int inside = begin;
+    int end = entries;
+    while (end - inside > 1) {
+        int const middle = inside + (end - inside) / 2;
+        (isLogarithmicAt(middle) == logarithmic ? inside : end) = middle;
+    }
+    return end;
+}
+
 /// Entries from linear light to film codes; `rounded` turns a code in the table's unit into a number to be cut.
 template <class Code, class LinearAt, class Rounded>
 void fillFilmLogInverse(Code * table, int entries, LinearAt const & linearAt, FilmLogCurve const & curve, float offset,
@@ -165,11 +179,11 @@ void fillFilmLogInverse(Code * table, int entries, LinearAt const & linearAt, Fi
             TableBlocks::PowerSeries(curve.kneeExponent()),
             [&](double power) { return finish(curve.codeFromKneePower(power)); });
     };
-    for (int begin = 0, end = 0; begin < entries; begin = end) {
+    for (int begin = 0; begin < entries;) {
         bool const logarithmic = curve.isLogarithmicAt(linearAt(begin));
-        while (end < entries && curve.isLogarithmicAt(linearAt(end)) == logarithmic)
-            ++end;
+        int const end = endOfSide(begin, entries, [&](int i) { return curve.isLogarithmicAt(linearAt(i)); });
         logarithmic ? fillLogarithmic(begin, end) : fillKnee(begin, end);
+        begin = end;
     }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/InstructionSet.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -67,6 +69,39 @@ bool cutIfAllAgree(Element * table, int count, Finished const & finished) {
     return differing == 0;
 }
 
+/// Finishes a block's bounds. Says whether the entries are stored: they fit an int and all agree.
+template <class Element, class BoundsAt, class Finish>
+VX_INLINED bool finishInLoops(Element * table, int count, bool fitsInt, BoundsAt const & boundsAt,
+                              Finish const & finish, Finished & finished) {
+    for (int j = 0; j < count; ++j) {
+        Bounds const bounds = boundsAt(j);
+        finished.low[j] = static_cast<double>(finish(bounds.low));
+        finished.high[j] = static_cast<double>(finish(bounds.high));
+    }
+    return fitsInt && cutIfAllAgree(table, count, finished);
+}
+
+#ifdef VX_HAS_AVX2
+// Flat, since the lambdas are not written to be inlined.
+template <class Element, class BoundsAt, class Finish>
+[[gnu::target("avx2"), gnu::flatten]] bool finishForAvx2(Element * table, int count, bool fitsInt,
+                                                         BoundsAt const & boundsAt, Finish const & finish,
+                                                         Finished & finished) {
+    return finishInLoops(table, count, fitsInt, boundsAt, finish, finished);
+}
+#endif
+
+/// The same with the best instruction set that the machine has. All give the same entries.
+template <class Element, class BoundsAt, class Finish>
+bool finishFast(Element * table, int count, bool fitsInt, BoundsAt const & boundsAt, Finish const & finish,
+                Finished & finished) {
+#ifdef VX_HAS_AVX2
+    if (detail::bHasInstructionSet(detail::InstructionSet::AVX2))
+        return finishForAvx2(table, count, fitsInt, boundsAt, finish, finished);
+#endif
+    return finishInLoops(table, count, fitsInt, boundsAt, finish, finished);
+}
+
 /// Stores a block of entries: those on which their bounds agree, and the stated ones where they do not. `all` bounds
 /// the whole block; `finished` is room to work in.
 template <class Element, class BoundsAt, class Finish, class Stated>
@@ -82,12 +117,7 @@ void store(Element * table, int count, Bounds const & all, BoundsAt const & boun
             return;
         }
     }
-    for (int j = 0; j < count; ++j) {
-        Bounds const bounds = boundsAt(j);
-        finished.low[j] = static_cast<double>(finish(bounds.low));
-        finished.high[j] = static_cast<double>(finish(bounds.high));
-    }
-    if (fitsInt && cutIfAllAgree(table, count, finished))
+    if (finishFast(table, count, fitsInt, boundsAt, finish, finished))
         return;
     for (int j = 0; j < count; ++j) {
         double const low = finished.low[j];
