@@ -94,19 +94,20 @@ int scanForKeyAtOrAfter(Keyframe<T> const * keys, int count, double time) {
     return i;
 }
 
-/// The place of the key exactly at a time, the first where keys share one; -1 if there is none.
+/// The place of the key exactly at a time, the first where keys share one; -1 if there is none. Few keys, as keys that
+/// no order holds, are scanned. Inline, since every write of a value asks for it.
 template <class T>
-int keyAt(ViewData<T> const & data, Time time) {
+inline int keyAt(ViewData<T> const & data, Time time) {
+    constexpr int FEW = 8;
     Keyframe<T> const * const keys = data.keys.constData();
     int const count = static_cast<int>(data.keys.size());
-    double const t = time.toDouble();
-    if (data.bUnordered || std::isnan(t)) {
+    if (data.bUnordered || count <= FEW) {
         for (int i = 0; i < count; ++i)
             if (keys[i].time == time)
                 return i;
         return -1;
     }
-    int const i = firstKeyAtOrAfter(keys, count, t);
+    int const i = firstKeyAtOrAfter(keys, count, time.toDouble());
     return i < count && keys[i].time == time ? i : -1;
 }
 

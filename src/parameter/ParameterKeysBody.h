@@ -48,7 +48,7 @@ unsigned int Parameter<T>::writeKey(ViewData<T> & data, Keyframe<T> const & key)
 }
 
 template <class T>
-void Parameter<T>::sendValueWritten(unsigned int index, View const & asked) {
+inline void Parameter<T>::sendValueWritten(unsigned int index, View const & asked) {
     if (this->mayBeHeard())
         ParameterChange::keyframeChangedValue(*this, index, writtenView(asked));
 }
