@@ -228,7 +228,8 @@ void RasterSuite::vDestroyTexture(unsigned int texture) {
 
 void RasterSuite::vDrawTexture(unsigned int texture, VX::Rectangle const & place) {
     auto const found = textures_.find(texture);
-    if (found == textures_.end())
+    QTransform const toFrame = transform();
+    if (found == textures_.end() || !std::isfinite(toFrame.determinant()))
         return;
     QImage tinted = found->second;
     if (colour_.rgb() != QColor(Qt::white).rgb()) {
@@ -236,7 +237,7 @@ void RasterSuite::vDrawTexture(unsigned int texture, VX::Rectangle const & place
         tint.setCompositionMode(QPainter::CompositionMode_Multiply);
         tint.fillRect(tinted.rect(), QColor(colour_.rgb()));
     }
-    painter().setTransform(transform());
+    painter().setTransform(toFrame);
     painter().setOpacity(colour_.alphaF());
     painter().drawImage(rectangleOf(place), tinted);
     painter().setOpacity(1.0);

@@ -5,6 +5,7 @@
 
 #include <QCommandLineParser>
 #include <QGuiApplication>
+#include <QImageReader>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -17,6 +18,7 @@ namespace {
 enum ExitCode { EXIT_DONE = 0, EXIT_FINDINGS = 1, EXIT_BAD_USAGE = 2 };
 
 constexpr int PICTURES_ACROSS_SHEET = 2;
+constexpr int LARGEST_PICTURE_MEGABYTES = 2048; ///< Film scans are larger than what Qt reads unasked.
 constexpr double LAST_FRAME = 4294967295.0;
 
 struct Options {
@@ -57,6 +59,12 @@ vxproject::FrameList framesOf(QString const & text) {
     if (!frames || !frames->isWholeWithin(0.0, LAST_FRAME))
         refuse(QStringLiteral("--frames"), text, "Frames are whole numbers, such as 7, 1-100 or 1-100x2.");
     return *frames;
+}
+
+quint64 countOf(vxproject::FrameList const & frames) {
+    quint64 count = 0;
+    frames.forEach([&](double) { ++count; });
+    return count;
 }
 
 quint32 numberOf(QString const & option, QString const & text, quint32 highest) {
@@ -111,6 +119,8 @@ Options optionsOf(QStringList const & arguments) {
     options.project = parser.positionalArguments().first();
     options.frames = framesOf(parser.value(QStringLiteral("frames")));
     options.output = parser.value(QStringLiteral("output"));
+    if (countOf(options.frames) > 1 && !options.output.contains(QLatin1Char('#')))
+        refuse(QStringLiteral("--output"), options.output, "Several pictures need a # in their name.");
     options.sheet = parser.value(QStringLiteral("sheet"));
     options.wishes.layer =
         numberOf(QStringLiteral("--layer"), parser.value(QStringLiteral("layer")), std::numeric_limits<quint32>::max());
@@ -150,15 +160,14 @@ ExitCode render(Options const & options, HostServices & host) {
     ExitCode code = renderer.findings().isEmpty() ? EXIT_DONE : EXIT_FINDINGS;
 
     VX_CallbackStruct const & table = host.table();
-    unsigned int count = 0;
-    options.frames.forEach([&](double) { ++count; });
-    unsigned int done = 0;
+    quint64 const count = countOf(options.frames);
+    quint64 done = 0;
     QStringList pictures;
     table.vProgressBoxShow();
     options.frames.forEach([&](double frame) {
         QString const picture = nameOf(options.output, frame);
         table.vProgressBoxSetText(picture.toUtf8().constData());
-        table.vProgressBoxSetStatus(100 * done++ / count);
+        table.vProgressBoxSetStatus(static_cast<unsigned int>(100 * done++ / count));
         try {
             renderer.renderFrame(frame, picture);
             pictures.append(picture);
@@ -185,6 +194,7 @@ int main(int argc, char ** argv) {
         qputenv("XDG_RUNTIME_DIR", session.path().toLocal8Bit());
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("plate_host"));
+    QImageReader::setAllocationLimit(LARGEST_PICTURE_MEGABYTES);
 
     try {
         HostServices host;

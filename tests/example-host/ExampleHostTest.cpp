@@ -135,6 +135,7 @@ TEST_F(ExampleHost, Request_thatCannotBeMet_isReportedByKind) {
         {"box_lid.vxp --frames 0 -o x.png --layer 7", 2, "===> Bad argument provided \n"},
         {"box_lid.vxp --frames 3-1 -o x.png", 2, "===> Bad argument provided \n"},
         {"box_lid.vxp --frames 0", 2, "===> Bad argument provided \n"},
+        {"box_lid.vxp --frames 0,130 -o x.png", 2, "===> Bad argument provided \n"},
         {"fields.vxp --frames 0 -o x.png", 2, "===> Not implemented (sorry)\n"},
         {"lensless.vxp --frames 0 -o x.png --grid", 1, "===> Bad state \n"},
         {"box_lid.vxp --frames 0 -o nowhere/x.png", 1, "===> Operation Failed\n"},
