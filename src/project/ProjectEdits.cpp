@@ -50,9 +50,6 @@ T valueOfText(QString const & text) {
         return Kyn::detail::readValue<T>(text);
 }
 
-template <class T>
-constexpr bool isText = std::is_same_v<T, QString> || std::is_same_v<T, Tov::FSPercentEscapedString>;
-
 void checkText(QString const & path, QString const & text, ValueRule rule) {
     QStringList findings;
     rule(text, findings);
