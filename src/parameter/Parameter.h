@@ -303,6 +303,8 @@ private:
 
 #define VX_FOR_EACH_PARAMETER_TYPE(X) VX_FOR_EACH_NUMERIC_TYPE(X) VX_FOR_EACH_HELD_TYPE(X)
 
-#define VX_EXTERN_PARAMETER(T) extern template class Kyn::Parameter<T>;
+#define VX_EXTERN_PARAMETER(T)                                                                                         \
+    extern template class Kyn::ViewStore<T>;                                                                           \
+    extern template class Kyn::Parameter<T>;
 VX_FOR_EACH_PARAMETER_TYPE(VX_EXTERN_PARAMETER)
 #undef VX_EXTERN_PARAMETER

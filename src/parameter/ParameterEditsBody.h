@@ -257,6 +257,7 @@ void ParameterAddConstrainedParameterEdit<T>::undo() {
 } // namespace Kyn
 
 #define VX_INSTANTIATE_PARAMETER(T)                                                                                    \
+    template class Kyn::ViewStore<T>;                                                                                  \
     template class Kyn::Parameter<T>;                                                                                  \
     template class Kyn::ParameterValueEdit<T>;                                                                         \
     template class Kyn::MoveChangeKeyframeEdit<T>;                                                                     \
